@@ -1,0 +1,16 @@
+# panorell_folder(RULES a.cpp ... WINDOWS b.cpp ...): the sources of one folder, by layer.
+# Rules are plain C++ and are built natively as well; everything else needs Windows.
+function(panorell_folder)
+  cmake_parse_arguments(FOLDER "" "" "RULES;WINDOWS" ${ARGN})
+  if(FOLDER_UNPARSED_ARGUMENTS)
+    message(FATAL_ERROR "source without a layer: ${FOLDER_UNPARSED_ARGUMENTS}")
+  endif()
+  foreach(source IN LISTS FOLDER_RULES)
+    target_sources(panorell_rules PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${source})
+  endforeach()
+  if(WIN32)
+    foreach(source IN LISTS FOLDER_WINDOWS)
+      target_sources(panorell_core PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${source})
+    endforeach()
+  endif()
+endfunction()

@@ -1,0 +1,89 @@
+# shellcheck shell=bash
+# Sourced from the repository's top folder. The Wine installation and the prefixes under build/wine.
+
+export WINEDEBUG=${WINEDEBUG:--all}
+# No menu entries in the user's desktop, no download of Mono or Gecko.
+export WINEDLLOVERRIDES="winemenubuilder.exe=d;mscoree=;mshtml="
+
+wineCommand=()
+
+# The 64-bit loader itself: the `wine` command prefers a 32-bit one, with which a 64-bit program may print
+# nothing and yet return 0.
+wine64Program() {
+    local candidate
+    for candidate in /usr/lib/wine/wine64 "$(command -v wine64 || true)" "$(command -v wine || true)"; do
+        if [ -n "$candidate" ] && [ -x "$candidate" ]; then
+            echo "$candidate"
+            return
+        fi
+    done
+    echo "wine64 is not installed" >&2
+    return 1
+}
+
+# German formats, and file names in UTF-8: both need a real locale, so one is made when the system has none.
+germanLocale() {
+    if ! locale -a 2>/dev/null | grep -qix 'de_DE\.utf-\?8'; then
+        if [ ! -f build/locale/de_DE.UTF-8/LC_CTYPE ]; then
+            mkdir -p build/locale
+            localedef -i de_DE -f UTF-8 build/locale/de_DE.UTF-8 || return
+        fi
+        echo "LOCPATH=$PWD/build/locale"
+    fi
+    echo "LC_ALL=de_DE.UTF-8"
+}
+
+# useWine NAME: makes build/wine/NAME the prefix of all later calls and wineCommand what runs a Windows program
+# in it, in German. Nothing is started yet.
+useWine() {
+    local program settings
+    program=$(wine64Program) || return
+    settings=$(germanLocale) || return
+    mapfile -t wineCommand <<<"$settings"
+    wineCommand=(env "${wineCommand[@]}" "$program")
+    export WINEPREFIX=$PWD/build/wine/$1
+    mkdir -p "$WINEPREFIX"
+}
+
+# quietWine SECONDS ARGUMENT...: a Windows program with a time limit, its output dropped.
+quietWine() {
+    local seconds=$1
+    shift
+    timeout -k 5 "$seconds" "${wineCommand[@]}" "$@" 9>&- </dev/null >/dev/null 2>&1
+}
+
+wineAnswers() {
+    local status=0
+    quietWine 60 cmd /c exit 7 || status=$?
+    [ "$status" -eq 7 ]
+}
+
+# preparePrefix: makes the prefix, once; a prefix that is broken or of another version is made anew.
+preparePrefix() {
+    local stamp=$WINEPREFIX/prepared want
+    want="$(wineserver --version 2>&1) $(cksum <tools/wine.reg)"
+    if [ -f "$stamp" ] && [ "$(cat "$stamp")" = "$want" ] && wineAnswers; then
+        return
+    fi
+    echo "Making a Wine prefix in $WINEPREFIX"
+    wineserver -k 9>&- 2>/dev/null || true
+    rm -rf "$WINEPREFIX"
+    mkdir -p "$WINEPREFIX"
+    quietWine 180 wineboot -i || true
+    quietWine 60 regedit tools/wine.reg || true
+    if ! wineAnswers; then
+        echo "Wine does not start a program in its new prefix" >&2
+        return 1
+    fi
+    # The server writes the registry when it ends; only then the prefix is complete.
+    wineserver -k 9>&- || true
+    timeout 30 wineserver -w 9>&- || true
+    echo "$want" >"$stamp"
+}
+
+# windowsPath PATH: how a Linux path is called under Wine.
+windowsPath() {
+    local full
+    full=$(realpath -m -- "$1")
+    echo "Z:${full//\//\\}"
+}
