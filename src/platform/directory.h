@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+struct DirectoryEntry {
+    std::wstring name;
+    bool folder = false;
+    bool hidden = false;
+};
+
+/// What a folder holds, "." and ".." left out, in the file system's order. Throws Error when the folder is
+/// missing or cannot be read (a drive without a medium, no permission).
+std::vector<DirectoryEntry> listDirectory(const std::wstring& folder);
+
+/// Whether a folder is there.
+bool folderExists(const std::wstring& folder);
+
+/// `folder` + "\" + `name`, with one "\" only where the folder is a root.
+std::wstring joinPath(std::wstring_view folder, std::wstring_view name);
+
+/// The full path of `path`, seen from the folder `current`: "\x" is on its drive, "x" in it, "C:" means the
+/// root of the drive. Without "." and "..", without a "\" at the end unless it is a root.
+std::wstring fullPath(const std::wstring& path, const std::wstring& current);
+
+/// Explorer's order of names: numbers in them count as numbers, case does not count.
+void sortNames(std::vector<std::wstring>& names);
+
+}  // namespace platform

@@ -1,0 +1,50 @@
+#include "platform/monitors.h"
+
+namespace platform {
+
+namespace {
+
+const Monitors* replacement = nullptr;
+
+RECT areaOfMonitor(HMONITOR monitor) {
+    MONITORINFO info{};
+    info.cbSize = sizeof(info);
+    GetMonitorInfoW(monitor, &info);
+    return info.rcMonitor;
+}
+
+}  // namespace
+
+RECT Monitors::areaOf(HWND window) const {
+    return areaOfMonitor(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST));
+}
+
+RECT Monitors::areaAt(POINT place) const {
+    return areaOfMonitor(MonitorFromPoint(place, MONITOR_DEFAULTTONEAREST));
+}
+
+int Monitors::primaryWidth() const {
+    return GetSystemMetrics(SM_CXSCREEN);
+}
+
+RECT Monitors::primaryWorkArea() const {
+    RECT area{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    return area;
+}
+
+int Monitors::dpiOf(HWND window) const {
+    const UINT dpi = GetDpiForWindow(window);
+    return dpi != 0 ? static_cast<int>(dpi) : USER_DEFAULT_SCREEN_DPI;
+}
+
+const Monitors& Monitors::current() {
+    static const Monitors system;
+    return replacement != nullptr ? *replacement : system;
+}
+
+void Monitors::replace(const Monitors* monitors) {
+    replacement = monitors;
+}
+
+}  // namespace platform

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace platform {
+
+/// The short (8.3) form of a file's path, in the system's code page, for command strings that are split on
+/// blanks. Empty where there is none: no such file, a path of more than 254 characters, or a name without
+/// a short form that the code page cannot hold.
+///
+/// Where a drive has no short names the long one may come back; with blanks in it, it stands in double
+/// quotes.
+std::string shortPath(const std::wstring& path);
+
+}  // namespace platform

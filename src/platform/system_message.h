@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace platform {
+
+/// The system's text for an error code, in German where the system has it, else in the user's language;
+/// never empty. Without line end.
+std::wstring systemMessage(unsigned long code);
+
+}  // namespace platform

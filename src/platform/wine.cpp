@@ -1,0 +1,12 @@
+#include "platform/wine.h"
+
+#include <windows.h>
+
+namespace platform {
+
+bool runsUnderWine() {
+    const HMODULE system = GetModuleHandleW(L"ntdll.dll");
+    return system != nullptr && GetProcAddress(system, "wine_get_version") != nullptr;
+}
+
+}  // namespace platform
