@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "ui/control.h"
+
+namespace ui {
+
+/// A list of texts that drops down from a box showing the selected one.
+class ComboBox : public Control {
+  public:
+    explicit ComboBox(const CreateArgs& args);
+
+    int count() const;
+    std::wstring item(int index) const;
+    void add(const std::wstring& text);
+    void clear();
+    /// -1 when none is selected.
+    int selectedIndex() const;
+    /// Raises onChange when another item becomes selected, as a user's choice does. Throws
+    /// std::out_of_range; -1 selects none.
+    void setSelectedIndex(int index);
+    void applyDpi() override;
+
+    std::function<void()> onChange;
+
+  protected:
+    bool onReflected(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
+    void drawRow(const DRAWITEMSTRUCT& row) const;
+    /// The list is about to drop down.
+    virtual void onDropDown() {}
+    virtual void changed();
+    void select(int index);
+
+  private:
+    int lastIndex_ = -1;
+};
+
+}  // namespace ui

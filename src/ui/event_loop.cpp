@@ -1,0 +1,171 @@
+#include "ui/event_loop.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "ui/timer.h"
+
+namespace ui {
+
+namespace {
+
+thread_local EventLoop* currentLoop = nullptr;
+
+}  // namespace
+
+EventLoop::EventLoop() {
+    if (currentLoop != nullptr) {
+        throw std::logic_error("a second event loop on one thread");
+    }
+    currentLoop = this;
+}
+
+EventLoop::~EventLoop() {
+    currentLoop = nullptr;
+}
+
+EventLoop& EventLoop::current() {
+    if (currentLoop == nullptr) {
+        throw std::logic_error("no event loop on this thread");
+    }
+    return *currentLoop;
+}
+
+void EventLoop::checkLeaving() const {
+    if (leaving_) {
+        throw Leaving{};
+    }
+}
+
+bool EventLoop::step() {
+    const bool fires = firesSomething();
+    if (fires) {
+        fireTimers();
+        checkLeaving();
+    }
+    const bool dispatched = dispatchOne();
+    checkLeaving();
+    return fires || dispatched;
+}
+
+void EventLoop::doEvents() {
+    checkLeaving();
+    // Timers once: one whose handler takes longer than its interval is due again at once. Messages bounded:
+    // a handler that keeps invalidating would never let the queue run empty.
+    constexpr int kMostMessages = 1000;
+    fireTimers();
+    checkLeaving();
+    for (int i = 0; i < kMostMessages && dispatchOne(); ++i) {
+        checkLeaving();
+    }
+    checkLeaving();
+}
+
+void EventLoop::waitEvents() {
+    checkLeaving();
+    while (!step()) {
+        block(nextDue());
+    }
+}
+
+void EventLoop::sleep(int ms) {
+    checkLeaving();
+    if (ms > 0) {
+        blockFor(ms);
+    }
+}
+
+void EventLoop::run() {
+    try {
+        for (;;) {
+            waitEvents();
+        }
+    } catch (const Leaving&) {
+        // The program is left: the caller destroys the forms.
+    }
+}
+
+void EventLoop::leave() {
+    leaving_ = true;
+    for (std::size_t i = modals_.size(); i > 0; --i) {
+        modals_[i - 1]();
+    }
+    // Wakes a loop that waits, also one of the system's own.
+    PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+}
+
+void EventLoop::guarded(const std::function<void()>& handler) noexcept {
+    if (leaving_) {
+        return;
+    }
+    try {
+        handler();
+    } catch (const Leaving&) {
+        // The wait one level further out throws it anew.
+    } catch (const std::exception& failure) {
+        if (onTrapped) {
+            onTrapped(failure);
+        }
+    }
+}
+
+bool EventLoop::dispatchOne() {
+    MSG message{};
+    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) {
+        return false;
+    }
+    if (message.message == WM_QUIT) {
+        leave();
+        return true;
+    }
+    if (!filter_ || !filter_(message)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return true;
+}
+
+void EventLoop::add(Timer& timer) {
+    timers_.push_back(&timer);
+}
+
+void EventLoop::remove(Timer& timer) {
+    timers_.erase(std::remove(timers_.begin(), timers_.end(), &timer), timers_.end());
+    timersChanged();
+}
+
+double EventLoop::nextDue() const {
+    double next = -1;
+    for (const Timer* timer : timers_) {
+        if (timer->running() && !timer->firing_ && (next < 0 || timer->due_ < next)) {
+            next = timer->due_;
+        }
+    }
+    return next;
+}
+
+bool EventLoop::firesSomething() const {
+    const double next = nextDue();
+    return next >= 0 && next <= now();
+}
+
+void EventLoop::fireTimers() noexcept {
+    // A handler may start, stop or end timers, so the list is searched anew for each one; only what was due
+    // on entry fires, or handlers longer than their interval would keep the loop here for ever.
+    const double until = now();
+    for (;;) {
+        Timer* next = nullptr;
+        for (Timer* timer : timers_) {
+            if (timer->running() && !timer->firing_ && timer->due_ <= until &&
+                (next == nullptr || timer->due_ < next->due_)) {
+                next = timer;
+            }
+        }
+        if (next == nullptr || leaving_) {
+            return;
+        }
+        next->fire();
+    }
+}
+
+}  // namespace ui

@@ -1,0 +1,47 @@
+#include "ui/font.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <utility>
+
+#include "platform/handles.h"
+
+namespace ui {
+
+namespace {
+
+constexpr float kPointsPerInch = 72.0F;
+
+HFONT makeFont(const FontSpec& spec, int dpi) {
+    LOGFONTW description{};
+    description.lfHeight =
+        -static_cast<LONG>(std::lround(spec.points * static_cast<float>(dpi) / kPointsPerInch));
+    description.lfWeight = spec.bold ? FW_BOLD : FW_NORMAL;
+    description.lfCharSet = DEFAULT_CHARSET;
+    description.lfQuality = CLEARTYPE_QUALITY;
+    spec.face.copy(description.lfFaceName, std::min<std::size_t>(spec.face.size(), LF_FACESIZE - 1));
+    return CreateFontIndirectW(&description);
+}
+
+}  // namespace
+
+HFONT font(const FontSpec& spec, int dpi) {
+    // Kept to the end of the process, so no owner: a form asks for a handful of fonts, again and again.
+    static std::map<std::pair<FontSpec, int>, HFONT> made;
+    HFONT& entry = made[{spec, dpi}];
+    if (entry == nullptr) {
+        entry = makeFont(spec, dpi);
+    }
+    return entry;
+}
+
+SIZE measureText(const std::wstring& text, HFONT font) {
+    const platform::WindowDc screen(nullptr);
+    const platform::Selection selected(screen.get(), font);
+    SIZE size{};
+    GetTextExtentPoint32W(screen.get(), text.c_str(), static_cast<int>(text.size()), &size);
+    return size;
+}
+
+}  // namespace ui

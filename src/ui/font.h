@@ -1,0 +1,24 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace ui {
+
+/// A font as a form asks for it; the size in points, so that it grows with the DPI.
+struct FontSpec {
+    std::wstring face = L"Segoe UI";
+    float points = 9.0F;
+    bool bold = false;
+    friend auto operator<=>(const FontSpec&, const FontSpec&) = default;
+};
+
+/// The font for a DPI, made once and kept for the program's life. Never null: an unknown face gives the
+/// system's nearest.
+HFONT font(const FontSpec& spec, int dpi);
+
+/// The size of one line of text in pixels.
+SIZE measureText(const std::wstring& text, HFONT font);
+
+}  // namespace ui

@@ -1,0 +1,310 @@
+#include "ui/form.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "platform/monitors.h"
+#include "ui/event_loop.h"
+#include "ui/frame.h"
+#include "ui/option_button.h"
+#include "ui/painting.h"
+#include "ui/theme.h"
+
+namespace ui {
+
+namespace {
+
+constexpr DWORD kBorderless = WS_POPUP | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+constexpr DWORD kBordered = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+
+bool isDown(int key) {
+    return GetKeyState(key) < 0;
+}
+
+BOOL CALLBACK collect(HWND window, LPARAM target) {
+    if (auto* control = dynamic_cast<Control*>(Window::from(window))) {
+        reinterpret_cast<std::vector<Control*>*>(target)->push_back(control);
+    }
+    return TRUE;
+}
+
+}  // namespace
+
+Form::Form(const Args& args) : background_(theme::kGround) {
+    Style style;
+    style.className = args.className;
+    style.text = args.title.c_str();
+    style.style = args.borderless ? kBorderless : kBordered;
+    style.exStyle = WS_EX_CONTROLPARENT | (args.borderless ? WS_EX_APPWINDOW : 0);
+    style.parent = args.owner != nullptr ? args.owner->hwnd() : nullptr;
+    const RECT work = platform::Monitors::current().primaryWorkArea();
+    style.left = work.left;
+    style.top = work.top;
+    create(style);
+
+    RECT size{0, 0, toPixels(args.width, dpi()), toPixels(args.height, dpi())};
+    AdjustWindowRectExForDpi(&size, style.style, FALSE, style.exStyle, static_cast<UINT>(dpi()));
+    const int width = static_cast<int>(size.right - size.left);
+    const int height = static_cast<int>(size.bottom - size.top);
+    const int left = static_cast<int>(work.left + work.right - width) / 2;
+    const int top = static_cast<int>(work.top + work.bottom - height) / 2;
+    SetWindowPos(hwnd(), nullptr, std::max<int>(left, work.left), std::max<int>(top, work.top), width, height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    EventLoop::current().setFilter(filter);
+}
+
+Form::~Form() {
+    // Ending the window deactivates it; by now nobody may be there to be told.
+    onActivation = nullptr;
+    onMoved = nullptr;
+    destroy();
+}
+
+void Form::show() {
+    ShowWindow(hwnd(), SW_SHOW);
+    SetForegroundWindow(hwnd());
+}
+
+void Form::hide() {
+    ShowWindow(hwnd(), SW_HIDE);
+}
+
+bool Form::visible() const {
+    return IsWindowVisible(hwnd()) != FALSE;
+}
+
+void Form::setTitle(const std::wstring& title) {
+    SetWindowTextW(hwnd(), title.c_str());
+}
+
+void Form::setBackground(Rgb colour) {
+    background_ = colour;
+    InvalidateRect(hwnd(), nullptr, TRUE);
+}
+
+void Form::setCards(std::vector<TwipsRect> cards) {
+    cards_ = std::move(cards);
+    InvalidateRect(hwnd(), nullptr, TRUE);
+}
+
+std::vector<Control*> Form::controls() const {
+    std::vector<Control*> found;
+    EnumChildWindows(hwnd(), collect, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+// ---- painting
+
+RECT Form::toPixelRect(const TwipsRect& place) const {
+    const int d = dpi();
+    return {toPixels(place.left, d), toPixels(place.top, d), toPixels(place.left + place.width, d),
+            toPixels(place.top + place.height, d)};
+}
+
+Rgb Form::groundAt(POINT place) const {
+    for (const TwipsRect& card : cards_) {
+        const RECT area = toPixelRect(card);
+        if (PtInRect(&area, place) != FALSE) {
+            return theme::kCard;
+        }
+    }
+    return background_;
+}
+
+void Form::paintTo(HDC dc, const RECT& area) {
+    Painting painting(area, background_);
+    drawGround(painting);
+    for (const TwipsRect& card : cards_) {
+        paintCard(painting, toPixelRect(card), dpi());
+    }
+    painting.copyTo(dc);
+}
+
+void Form::onPaint(HDC dc, const RECT& area) {
+    paintTo(dc, area);
+}
+
+// The form's own ground is painted once, by onPaint; a child that draws see-through asks with its own DC.
+bool Form::onEraseBackground(HDC dc) {
+    if (WindowFromDC(dc) != hwnd()) {
+        RECT area{};
+        GetClipBox(dc, &area);
+        paintTo(dc, area);
+    }
+    return true;
+}
+
+void Form::onDpiChanged(int, const RECT& suggested) {
+    SetWindowPos(hwnd(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    for (Control* control : controls()) {
+        control->applyDpi();
+    }
+    InvalidateRect(hwnd(), nullptr, TRUE);
+    if (onDpi) {
+        onDpi();
+    }
+}
+
+// ---- activation and closing
+
+void Form::onActivate(bool active) {
+    if (!active) {
+        const HWND focus = GetFocus();
+        lastFocus_ = focus != nullptr && IsChild(hwnd(), focus) != FALSE ? focus : nullptr;
+    }
+    if (onActivation) {
+        onActivation(active);
+    }
+}
+
+void Form::onFocus(bool gained) {
+    const HWND last = std::exchange(lastFocus_, nullptr);
+    if (gained && last != nullptr && IsChild(hwnd(), last) != FALSE && IsWindowVisible(last) != FALSE &&
+        IsWindowEnabled(last) != FALSE) {
+        SetFocus(last);
+    }
+}
+
+bool Form::onClose() {
+    if (onCloseAsked) {
+        onCloseAsked();
+        return true;
+    }
+    return false;
+}
+
+// Alt or F10 alone would open the menu of a window that shows none, and take the keys away from the form.
+bool Form::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+    constexpr WPARAM kCommandBits = 0xFFF0;
+    if (message == WM_SYSCOMMAND && (w & kCommandBits) == SC_KEYMENU && l == 0) {
+        result = 0;
+        return true;
+    }
+    return false;
+}
+
+// ---- mouse
+
+// The form follows the pointer by itself instead of the system's moving loop, so that everything else goes
+// on meanwhile.
+bool Form::onMouseDown(const MouseEvent& event) {
+    if (event.button == MouseButton::Left && movable_) {
+        dragging_ = true;
+        grip_ = {event.x, event.y};
+        SetCapture(hwnd());
+    }
+    if (onPressed) {
+        onPressed(event);
+    }
+    return true;
+}
+
+bool Form::onMouseUp(const MouseEvent&) {
+    if (std::exchange(dragging_, false)) {
+        ReleaseCapture();
+    }
+    return true;
+}
+
+bool Form::onMouseMove(const MouseEvent& event) {
+    if (dragging_ && GetCapture() == hwnd()) {
+        POINT pointer{event.x, event.y};
+        ClientToScreen(hwnd(), &pointer);
+        SetWindowPos(hwnd(), nullptr, pointer.x - grip_.x, pointer.y - grip_.y, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        return true;
+    }
+    dragging_ = false;
+    if (onMoved) {
+        onMoved(event);
+    }
+    return false;
+}
+
+// ---- keyboard
+
+bool Form::filter(MSG& message) {
+    const bool key = message.message == WM_KEYDOWN || message.message == WM_SYSCHAR;
+    if (!key || message.hwnd == nullptr) {
+        return false;
+    }
+    auto* form = dynamic_cast<Form*>(Window::from(GetAncestor(message.hwnd, GA_ROOT)));
+    if (form == nullptr || !form->navigation_) {
+        return false;
+    }
+    bool used = false;
+    EventLoop::current().guarded([&] { used = form->navigate(message); });
+    return used;
+}
+
+bool Form::navigate(const MSG& message) {
+    if (message.message == WM_SYSCHAR) {
+        return takeAccessKey(static_cast<wchar_t>(message.wParam));
+    }
+    const auto key = static_cast<int>(message.wParam);
+    if (key == VK_TAB && !isDown(VK_CONTROL)) {
+        return takeTab(isDown(VK_SHIFT));
+    }
+    auto* option = dynamic_cast<OptionButton*>(Window::from(message.hwnd));
+    if (option == nullptr) {
+        return false;
+    }
+    const bool forwards = key == VK_DOWN || key == VK_RIGHT;
+    const bool backwards = key == VK_UP || key == VK_LEFT;
+    if (forwards || backwards) {
+        showFocus();
+        option->group().chooseFrom(*option, forwards ? 1 : -1);
+    }
+    return forwards || backwards;
+}
+
+bool Form::takeTab(bool backwards) {
+    const HWND focus = GetFocus();
+    const HWND from = focus != nullptr && IsChild(hwnd(), focus) != FALSE ? focus : nullptr;
+    const HWND next = GetNextDlgTabItem(hwnd(), from, backwards ? TRUE : FALSE);
+    if (next == nullptr) {
+        return false;
+    }
+    showFocus();
+    SetFocus(next);
+    SendMessageW(next, EM_SETSEL, 0, -1);
+    return true;
+}
+
+bool Form::takeAccessKey(wchar_t letter) {
+    const auto capital = static_cast<wchar_t>(
+        reinterpret_cast<ULONG_PTR>(CharUpperW(reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(letter)))));
+    for (Control* control : controls()) {
+        if (control->accessKey() == capital && IsWindowVisible(control->hwnd()) != FALSE &&
+            control->enabled()) {
+            showFocus();
+            control->press();
+            return true;
+        }
+    }
+    return false;
+}
+
+void Form::focusFirst() {
+    const HWND first = GetNextDlgTabItem(hwnd(), nullptr, FALSE);
+    if (first != nullptr) {
+        SetFocus(first);
+    }
+}
+
+// From the first use of the keyboard on the focus and the underlined letters are shown.
+void Form::showFocus() {
+    SendMessageW(hwnd(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);
+}
+
+bool Form::onKeyDownPreview(int key, bool repeated) {
+    return onKey && onKey(key, repeated);
+}
+
+bool Form::onCharPreview(wchar_t character) {
+    return onTyped && onTyped(character);
+}
+
+}  // namespace ui
