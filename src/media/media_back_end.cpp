@@ -1,0 +1,20 @@
+#include "media/media_back_end.h"
+
+#include "media/direct_show_media_control.h"
+#include "media/mci_media_control.h"
+#include "platform/wine.h"
+
+namespace media {
+
+BackEnd preferredBackEnd() {
+    return platform::runsUnderWine() ? BackEnd::DirectShow : BackEnd::Mci;
+}
+
+std::unique_ptr<MediaControl> createMediaControl(BackEnd backEnd) {
+    if (backEnd == BackEnd::DirectShow) {
+        return std::make_unique<DirectShowMediaControl>();
+    }
+    return std::make_unique<MciMediaControl>();
+}
+
+}  // namespace media

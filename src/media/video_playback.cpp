@@ -1,0 +1,183 @@
+#include "media/video_playback.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <sstream>
+#include <utility>
+
+#include "media/fade_rule.h"
+#include "platform/short_path.h"
+#include "platform/text_number.h"
+
+namespace media {
+
+namespace {
+
+constexpr int kFadeBeforeEndMs = 2000;
+constexpr int kMsPerSecond = 1000;
+
+template <typename Handle>
+std::string decimal(Handle handle) {
+    return std::to_string(reinterpret_cast<std::uintptr_t>(handle));
+}
+
+/// Width and height in the answer to "where", which is "x y width height".
+SIZE sourceSize(const std::string& reply) {
+    std::istringstream numbers(reply);
+    int x = 0;
+    int y = 0;
+    SIZE size{};
+    numbers >> x >> y >> size.cx >> size.cy;
+    return size;
+}
+
+}  // namespace
+
+VideoPlayback::VideoPlayback(Parts parts) : parts_(std::move(parts)) {
+    parts_.Timer4.onTimer = [this] {
+        parts_.Timer4.setEnabled(false);
+        fadeToMusicOnce();
+    };
+}
+
+void VideoPlayback::close() {
+    parts_.control.send("stop VIDEO");
+    parts_.control.send("close VIDEO");
+    parts_.Timer4.setEnabled(false);
+    paused_ = false;
+}
+
+void VideoPlayback::OpenAndPlayVideo(const std::wstring& path) {
+    parts_.control.send("stop VIDEO");
+    parts_.control.send("close VIDEO");
+    paused_ = false;
+    const std::string shortPath = platform::shortPath(path);
+    parts_.control.send("open " + shortPath + " alias VIDEO parent " + decimal(parts_.Pic2.hwnd()) +
+                        " style child");
+    parts_.control.send("set VIDEO audio all off");
+    const float twips = ui::twipsPerPixel(parts_.Pic2.dpi());
+    parts_.control.send(" put VIDEO window at 0 0 " + platform::decimalBytes(parts_.Pic2.width() / twips) +
+                        " " + platform::decimalBytes(parts_.Pic2.height() / twips));
+    parts_.loop.doEvents();
+    parts_.control.send("play VIDEO");
+    parts_.loop.doEvents();
+}
+
+void VideoPlayback::ArmVideoLength() {
+    parts_.control.send("set VIDEO time format milliseconds");
+    const MediaReply reply = parts_.control.send("status VIDEO length", kReplySize);
+    const int length = platform::wholeNumber(platform::numericValue(std::string_view(reply.text)));
+    parts_.Timer1.setInterval(length);
+    armedAt_ = parts_.loop.now();
+    armedMs_ = length;
+    fadeDue_ = true;
+    if (parts_.MUTE.value() == 1) {
+        parts_.control.send("set VIDEO audio all on");
+    }
+}
+
+void VideoPlayback::armFade(int lengthMs) {
+    // Too short for a fade of its own before the end: it runs at the capture.
+    const int interval = lengthMs - kFadeBeforeEndMs;
+    parts_.Timer4.setInterval(interval);
+    parts_.Timer4.setEnabled(interval >= 1);
+}
+
+void VideoPlayback::fadeToMusicOnce() {
+    if (std::exchange(fadeDue_, false) && parts_.MUTE.value() == 1 && parts_.hasMusic()) {
+        RampToMusic();
+    }
+}
+
+void VideoPlayback::CaptureLastFrameAndClose() {
+    videoShowing = 0;
+    paused_ = false;
+    parts_.Timer4.setEnabled(false);
+    fadeToMusicOnce();
+    const SIZE source = sourceSize(parts_.control.send("where VIDEO source", kReplySize).text);
+    parts_.Pic1.movePixels(0, 0, source.cx, source.cy);
+    parts_.Pic1.setImage(platform::Surface(source.cx, source.cy));
+    const platform::Surface& frame = parts_.Pic1.image();
+    if (!frame.empty()) {
+        parts_.control.send("update VIDEO hdc " + decimal(frame.dc()));
+        parts_.loop.doEvents();
+        parts_.Pic2.draw([&](HDC dc) {
+            SetStretchBltMode(dc, HALFTONE);
+            SetBrushOrgEx(dc, 0, 0, nullptr);
+            const platform::Surface& surface = parts_.Pic2.image();
+            StretchBlt(dc, 0, 0, surface.width(), surface.height(), frame.dc(), 0, 0, frame.width(),
+                       frame.height(), SRCCOPY);
+        });
+        parts_.loop.doEvents();
+    }
+    parts_.Pic3.image().copyFrom(parts_.Pic2.image());
+    parts_.Pic3.move({0, 0, parts_.Pic2.width(), parts_.Pic2.height()});
+    parts_.Pic3.show();
+    parts_.Pic3.paintNow();
+    parts_.Pic2.hide();
+    parts_.loop.doEvents();
+    parts_.control.send("stop VIDEO");
+    parts_.control.send("close VIDEO");
+    parts_.Pic2.show();
+    parts_.Pic3.hide();
+    parts_.loop.doEvents();
+    parts_.Pic1.drop();
+}
+
+void VideoPlayback::RampToVideo() {
+    for (int i = 0; i < kRampSteps; ++i) {
+        const RampStep step = rampToVideoStep(i, parts_.music.musicVolume);
+        parts_.control.send(videoVolumeCommand(step.video));
+        if (step.music) {
+            parts_.control.send(musicVolumeCommand(*step.music));
+        }
+        parts_.loop.sleep(kRampToVideoPauseMs);
+    }
+}
+
+void VideoPlayback::RampToMusic() {
+    for (int i = 0; i < kRampSteps; ++i) {
+        const RampStep step = rampToMusicStep(i, parts_.music.musicVolume);
+        parts_.control.send(videoVolumeCommand(step.video));
+        if (step.music) {
+            parts_.control.send(musicVolumeCommand(*step.music));
+        }
+        parts_.loop.sleep(kRampToMusicPauseMs);
+    }
+}
+
+void VideoPlayback::fadeVideoIn() {
+    for (int i = 0; i < kRampSteps; ++i) {
+        parts_.control.send(videoVolumeCommand(rampToVideoStep(i, 0).video));
+        parts_.loop.sleep(kRampToVideoPauseMs);
+    }
+}
+
+void VideoPlayback::pause() {
+    parts_.Timer1.setEnabled(false);
+    parts_.Timer4.setEnabled(false);
+    parts_.control.send("stop VIDEO");
+    paused_ = true;
+    leftMs_ = std::max(0.0, armedMs_ - (parts_.loop.now() - armedAt_));
+}
+
+void VideoPlayback::resume() {
+    parts_.control.send("setaudio VIDEO volume to 0");
+    if (paused_) {
+        armedMs_ = static_cast<int>(std::ceil(leftMs_ / kMsPerSecond)) * kMsPerSecond;
+        armedAt_ = parts_.loop.now();
+        parts_.Timer1.setInterval(armedMs_);
+    } else {
+        ArmVideoLength();
+    }
+    paused_ = false;
+    parts_.control.send("play VIDEO");
+    parts_.Timer1.restart();
+    armFade(armedMs_);
+    if (parts_.MUTE.value() == 1) {
+        fadeVideoIn();
+    }
+}
+
+}  // namespace media

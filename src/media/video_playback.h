@@ -1,0 +1,76 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "media/media_control.h"
+#include "media/music_state.h"
+#include "show/show_state.h"
+#include "ui/check_box.h"
+#include "ui/event_loop.h"
+#include "ui/picture_box.h"
+#include "ui/timer.h"
+
+namespace media {
+
+/// Plays a video of the show, or of a preview, in Pic2 under the alias VIDEO, and fades between its sound and
+/// the music.
+class VideoPlayback {
+  public:
+    struct Parts {
+        ui::EventLoop& loop;
+        MediaControl& control;
+        const show::ShowState& state;
+        const MusicState& music;
+        ui::PictureBox& Pic1;
+        ui::PictureBox& Pic2;
+        ui::PictureBox& Pic3;
+        ui::Timer& Timer1;
+        ui::Timer& Timer4;
+        const ui::CheckBox& MUTE;
+        /// Music that a fade may bring back.
+        std::function<bool()> hasMusic;
+    };
+    explicit VideoPlayback(Parts parts);
+
+    /// 1 while a video of the show is open and not yet captured; set by whoever starts one.
+    int videoShowing = 0;
+
+    /// Plays `path` in Pic2, filling it, silent.
+    void OpenAndPlayVideo(const std::wstring& path);
+    /// Sets Timer1 to the video's length in ms, 0 where it has none, and gives it sound where MUTE is ticked.
+    void ArmVideoLength();
+    /// Sets Timer4 to fade back to the music when `lengthMs` is nearly over.
+    void armFade(int lengthMs);
+    /// Freezes the current frame onto Pic2 and closes the device, without an empty surface in between.
+    void CaptureLastFrameAndClose();
+    /// Stops and closes the device and forgets the fade.
+    void close();
+
+    /// Cross-fades of 501 steps; the window thread does nothing else meanwhile. Throw Leaving.
+    void RampToVideo();
+    void RampToMusic();
+    /// The video's sound alone rises, as after a pause.
+    void fadeVideoIn();
+
+    /// Halts an open video and remembers how much of it is left.
+    void pause();
+    /// Plays on: the first video of a show, whose length is not known yet, or one that was paused.
+    void resume();
+    bool paused() const { return paused_; }
+    /// Whether a video is open that sounds.
+    bool sounds() const { return videoShowing != 0 && parts_.MUTE.value() == 1; }
+
+  private:
+    void fadeToMusicOnce();
+
+    Parts parts_;
+    bool paused_ = false;
+    /// The fade back to the music has not run yet for the video shown.
+    bool fadeDue_ = false;
+    double armedAt_ = 0;
+    int armedMs_ = 0;
+    double leftMs_ = 0;
+};
+
+}  // namespace media
