@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+
+#include "show/show_state.h"
+#include "ui/event_loop.h"
+#include "ui/picture_box.h"
+#include "ui/text_box.h"
+#include "ui/timer.h"
+
+namespace show {
+
+/// The texts over the picture: the title in UT, the date printed onto Pic2, the information line Text1.
+class Captions {
+  public:
+    struct Parts {
+        ui::EventLoop& loop;
+        const ShowState& state;
+        ui::PictureBox& Pic2;
+        ui::PictureBox& Pic3;
+        ui::TextBox& UT;
+        ui::TextBox& Text1;
+        ui::Timer& Timer3;
+    };
+    explicit Captions(const Parts& parts);
+
+    /// Shows a title at its place; Timer3 takes it away.
+    void showTitle(const std::wstring& title);
+    /// Pic3 takes a copy of the clean screen, which removal restores.
+    void keepScreen();
+    /// Prints a date onto Pic2, in cyan over a black shadow; Timer3 takes it away.
+    void stampDate(const std::wstring& date);
+    /// Takes standing captions away at once, before a step loads the next picture.
+    void end();
+
+    /// Brings the information line up to date, whether it is visible or not.
+    void updateInformation(int effectIndex);
+    void toggleInformation(int effectIndex);
+
+  private:
+    std::wstring fitted(const std::wstring& title) const;
+    void remove();
+    void restoreScreen();
+    float screenWidth() const;
+    float screenHeight() const;
+
+    Parts parts_;
+    bool stamped_ = false;
+    /// Counts the ends of captions, so that a title sliding out notices that it was ended meanwhile.
+    int ended_ = 0;
+};
+
+}  // namespace show

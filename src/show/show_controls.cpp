@@ -1,0 +1,162 @@
+#include "show/show_controls.h"
+
+#include <utility>
+
+#include "app/pause_time.h"
+#include "show/step_rule.h"
+
+namespace show {
+
+namespace {
+
+constexpr wchar_t kEscape = 27;
+constexpr int kMsPerSecond = 1000;
+
+void beep() {
+    MessageBeep(MB_OK);
+}
+
+}  // namespace
+
+ShowControls::ShowControls(Parts parts) : parts_(std::move(parts)) {}
+
+bool ShowControls::keyDown(int key) {
+    if (parts_.state.showMode == kNoShow) {
+        return false;
+    }
+    if (key == VK_RETURN) {
+        return true;
+    }
+    arrow(key);
+    if (parts_.state.showMode == kAutomatically && parts_.video.videoShowing == 1) {
+        parts_.show.endVideo();
+        if (key != VK_DOWN) {
+            parts_.show.quickStep();
+        }
+    }
+    return key == VK_DOWN || key == VK_UP || key == VK_LEFT || key == VK_RIGHT;
+}
+
+void ShowControls::arrow(int key) {
+    switch (key) {
+        case VK_DOWN:
+            parts_.show.hold();
+            break;
+        case VK_UP:
+            if (!parts_.show.atEnd()) {
+                parts_.state.pausedFlag = 0;
+                parts_.show.quickStep();
+            }
+            break;
+        case VK_LEFT:
+            if (parts_.show.stepBack()) {
+                parts_.show.quickStep();
+            }
+            break;
+        case VK_RIGHT:
+            parts_.show.quickStep();
+            break;
+        default:
+            break;
+    }
+}
+
+bool ShowControls::keyPress(wchar_t character) {
+    if (parts_.state.showMode == kNoShow) {
+        return false;
+    }
+    if (character == kEscape) {
+        parts_.show.stop();
+        return true;
+    }
+    if (parts_.show.atEnd()) {
+        if (!std::exchange(restarted_, true)) {
+            parts_.restart();
+        }
+        return true;
+    }
+    if (character == L' ' && parts_.state.showMode == kByHand) {
+        parts_.pointer.hide();
+        parts_.show.continueAutomatically();
+    } else if (character == L'?') {
+        parts_.captions.toggleInformation(parts_.runner.currentEffect);
+    } else if (const auto seconds = secondsOfKey(character)) {
+        pauseKey(*seconds);
+    } else if (!effectKey(character)) {
+        volumeKey(character);
+    }
+    return true;
+}
+
+void ShowControls::volumeKey(wchar_t character) {
+    if (character == L'+') {
+        parts_.player.louder();
+    } else if (character == L'-') {
+        parts_.player.quieter();
+    } else if (character == L'.') {
+        parts_.player.mute();
+    }
+}
+
+bool ShowControls::effectKey(wchar_t character) {
+    const auto effect = effectOfKey(character);
+    if (!effect) {
+        return false;
+    }
+    if (character != L'#') {
+        beep();
+    }
+    parts_.runner.effectNumber = *effect;
+    return true;
+}
+
+void ShowControls::pauseKey(int seconds) {
+    beep();
+    if (const auto scroll = app::pauseScrollOfSeconds(seconds)) {
+        parts_.IntS.setValue(*scroll);
+    }
+    // An item that was asked for at once, as by the key that ended a video, does not wait for the new pause.
+    if (!parts_.state.quickStepPending) {
+        parts_.Timer1.setInterval(seconds * kMsPerSecond);
+        parts_.Timer1.restart();
+    }
+}
+
+void ShowControls::mousePressed(ui::MouseButton button) {
+    if (parts_.state.showMode == kNoShow) {
+        return;
+    }
+    parts_.loop.doEvents();
+    parts_.Pic2.repaint();
+    if (button == ui::MouseButton::Right) {
+        rightButton();
+    } else if (button == ui::MouseButton::Left) {
+        leftButton();
+    }
+}
+
+void ShowControls::rightButton() {
+    if (parts_.show.atEnd()) {
+        return;
+    }
+    parts_.state.showMode = kAutomatically;
+    parts_.state.pausedFlag = 0;
+    parts_.pointer.hide();
+    parts_.show.quickStep();
+}
+
+void ShowControls::leftButton() {
+    if (parts_.state.quickStepPending) {
+        return;
+    }
+    if (parts_.Timer1.enabled()) {
+        parts_.show.pauseByHand();
+        parts_.pointer.show();
+        const RECT screen = parts_.screen.rectangle();
+        SetCursorPos((screen.left + screen.right) / 2, (screen.top + screen.bottom) / 2);
+        return;
+    }
+    parts_.show.quickStep();
+}
+
+}  // namespace show

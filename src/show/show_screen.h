@@ -1,0 +1,27 @@
+#pragma once
+
+#include <windows.h>
+
+namespace show {
+
+/// The window that becomes the show surface.
+class ShowScreen {
+  public:
+    virtual ~ShowScreen() = default;
+
+    /// Whether the window still shows its set-up controls.
+    virtual bool inSetup() const = 0;
+    /// Moves the window so that it opens on a monitor to the right of the primary one.
+    virtual void moveToSecondScreen() = 0;
+    /// Hides the set-up controls, drops the rounded region, turns black and fills the monitor that the window
+    /// is on, to the pixel.
+    virtual void takeOver() = 0;
+    /// Inner size in pixels, once the window has taken over.
+    virtual SIZE size() const = 0;
+    /// Places what lies over the surface (end button, title box) for that size.
+    virtual void arrange() = 0;
+    /// The window's rectangle on the desktop.
+    virtual RECT rectangle() const = 0;
+};
+
+}  // namespace show

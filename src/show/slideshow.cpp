@@ -1,0 +1,339 @@
+#include "show/slideshow.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+#include "app/file_filter.h"
+#include "app/pause_time.h"
+#include "media/fade_rule.h"
+#include "show/caption_rule.h"
+#include "show/step_rule.h"
+
+namespace show {
+
+namespace {
+
+constexpr int kEndWaitMs = 1000;
+/// Pictures decoded ahead of the one shown, besides the one before it.
+constexpr int kAhead = 2;
+
+}  // namespace
+
+Slideshow::Slideshow(Parts parts) : parts_(std::move(parts)) {
+    parts_.Timer1.onTimer = [this] { tick(); };
+}
+
+std::wstring Slideshow::pathOf(int index) const {
+    return parts_.music.musicFolder + parts_.File1.entries()[static_cast<std::size_t>(index)];
+}
+
+bool Slideshow::atEnd() const {
+    return parts_.state.showMode != kNoShow && isPastEnd(parts_.state.pictureIndex, parts_.File1.count());
+}
+
+void Slideshow::start() {
+    if (parts_.Screen2.value() == 1) {
+        parts_.screen.moveToSecondScreen();
+    }
+    parts_.video.close();
+    parts_.loop.doEvents();
+    if (parts_.File1.count() == 0) {
+        return;
+    }
+    parts_.state.showMode = kByHand;
+    parts_.music.musicFolder = parts_.Dir1.path();
+    if (parts_.music.musicFolder.back() != L'\\') {
+        parts_.music.musicFolder += L'\\';
+    }
+    parts_.Text1.hide();
+    if (parts_.screen.inSetup()) {
+        parts_.state.pictureIndex = startIndex(parts_.File1.selectedIndex());
+    }
+    parts_.screen.takeOver();
+    parts_.loop.doEvents();
+    const SIZE size = parts_.screen.size();
+    parts_.state.screenWidth = size.cx;
+    parts_.state.screenHeight = size.cy;
+    SetCursorPos(parts_.screen.rectangle().left, parts_.screen.rectangle().top);
+    parts_.Pic1.movePixels(0, 0, size.cx, size.cy);
+    parts_.screen.arrange();
+    parts_.Pic2.movePixels(0, 0, size.cx, size.cy);
+    parts_.Pic3.movePixels(0, 0, size.cx, size.cy);
+    parts_.pictures.setSurface(size.cx, size.cy, parts_.shape(size.cx, size.cy));
+    awake_ = std::make_unique<platform::DisplayAwake>();
+    showFirst();
+}
+
+void Slideshow::showFirst() {
+    const SIZE size = parts_.screen.size();
+    parts_.state.currentPicture = pathOf(parts_.state.pictureIndex);
+    parts_.Pic2.clear();
+    parts_.Pic3.clear();
+    const bool isVideo = app::isVideoName(parts_.state.currentPicture);
+    bool loaded = true;
+    if (isVideo) {
+        parts_.Pic2.show();
+        parts_.video.videoShowing = 1;
+        parts_.video.OpenAndPlayVideo(parts_.state.currentPicture);
+        parts_.control.send("stop VIDEO");
+        parts_.video.armFade(parts_.Timer1.interval());
+        if (parts_.MUTE.value() == 1) {
+            parts_.video.RampToVideo();
+        }
+    } else if (auto picture = parts_.pictures.take(parts_.state.currentPicture)) {
+        parts_.Pic1.movePixels(0, 0, picture->nativeWidth, picture->nativeHeight);
+        parts_.Pic2.setImage(picture->pixels);
+    } else {
+        loaded = false;
+    }
+    parts_.rememberFolder();
+    parts_.Pic2.show();
+    UpdateWindow(parts_.Pic2.hwnd());
+    parts_.pointer.hide();
+    if (!isVideo) {
+        applyScript(script::ScriptPlayer::kFull);
+    }
+    parts_.captions.updateInformation(parts_.runner.currentEffect);
+    parts_.Pic2.setFocus();
+    if (parts_.Screen2.value() == 1) {
+        const ScreenPoint place = secondScreenPointer(parts_.screen.rectangle().left, size.cy);
+        SetCursorPos(place.x, place.y);
+    }
+    parts_.player.start();
+    prepareNeighbours();
+    if (!loaded) {
+        quickStep();
+    }
+}
+
+void Slideshow::continueAutomatically() {
+    if (parts_.video.videoShowing != 0) {
+        parts_.state.showMode = kAutomatically;
+        parts_.video.resume();
+        if (parts_.Timer1.interval() <= 0) {
+            quickStep();
+        }
+        return;
+    }
+    if (!parts_.state.quickStepPending && !atEnd()) {
+        parts_.Timer1.setInterval(app::pauseMillisecondsOfScroll(parts_.IntS.value()));
+        parts_.Timer1.setEnabled(true);
+    }
+    parts_.state.showMode = kAutomatically;
+}
+
+void Slideshow::pauseByHand() {
+    parts_.state.showMode = kByHand;
+    parts_.state.quickStepPending = false;
+    parts_.Timer1.setEnabled(false);
+    if (parts_.video.videoShowing != 0) {
+        parts_.video.pause();
+    }
+}
+
+void Slideshow::hold() {
+    parts_.Timer1.setEnabled(false);
+    parts_.state.quickStepPending = false;
+    parts_.state.pausedFlag = 1;
+}
+
+void Slideshow::quickStep() {
+    const bool onItsWay =
+        parts_.state.quickStepPending && parts_.Timer1.enabled() && parts_.Timer1.interval() == kQuickStepMs;
+    if (onItsWay || atEnd()) {
+        return;
+    }
+    parts_.state.quickStepPending = true;
+    parts_.runner.complete();
+    parts_.Timer1.setInterval(kQuickStepMs);
+    parts_.Timer1.restart();
+}
+
+bool Slideshow::stepBack() {
+    const auto index = backIndex(parts_.state.pictureIndex);
+    if (!index) {
+        return false;
+    }
+    parts_.state.pictureIndex = *index;
+    backwards_ = true;
+    if (std::exchange(ended_, false)) {
+        leaveEnd();
+    }
+    return true;
+}
+
+void Slideshow::endVideo() {
+    parts_.video.videoShowing = 0;
+    parts_.runner.currentEffect = 0;
+    parts_.Pic2.clear();
+    parts_.video.close();
+}
+
+void Slideshow::stop() {
+    parts_.state.showMode = kNoShow;
+    parts_.state.quickStepPending = false;
+    ended_ = false;
+    parts_.Timer1.setEnabled(false);
+    parts_.Timer5.setEnabled(false);
+    parts_.runner.complete();
+    awake_.reset();
+    if (onEnd) {
+        onEnd();
+    }
+}
+
+// A tick never runs into itself: the transition is part of it, so a tick that falls due meanwhile comes
+// when the transition has ended.
+void Slideshow::tick() {
+    parts_.state.quickStepPending = false;
+    if (ended_ || parts_.state.showMode == kNoShow) {
+        parts_.Timer1.setEnabled(false);
+        return;
+    }
+    const Step step = nextStep(parts_.state.pictureIndex, parts_.File1.count(), parts_.LoopC.value() == 1);
+    parts_.state.pictureIndex = step.index;
+    parts_.Timer1.setInterval(app::pauseMillisecondsOfScroll(parts_.IntS.value()));
+    if (parts_.state.pausedFlag == 1 || parts_.state.showMode == kByHand) {
+        parts_.Timer1.setEnabled(false);
+    }
+    if (step.endOfList) {
+        endOfList();
+        return;
+    }
+    if (parts_.video.videoShowing == 1) {
+        parts_.video.CaptureLastFrameAndClose();
+    }
+    parts_.state.currentPicture = pathOf(parts_.state.pictureIndex);
+    if (app::isVideoName(parts_.state.currentPicture)) {
+        showVideo();
+    } else {
+        showPicture();
+    }
+}
+
+void Slideshow::showPicture() {
+    applyScript(script::ScriptPlayer::kMusicOnly);
+    auto picture = parts_.pictures.take(parts_.state.currentPicture);
+    if (!picture) {
+        passOver();
+        return;
+    }
+    backwards_ = false;
+    parts_.captions.end();
+    parts_.Pic1.movePixels(0, 0, picture->nativeWidth, picture->nativeHeight);
+    parts_.Pic3.setImage(picture->pixels);
+    picture.reset();
+    prepareNeighbours();
+    parts_.runner.run([this] { parts_.captions.updateInformation(parts_.runner.currentEffect); });
+    // The pause counts from here, so that a picture stands still for all of it.
+    if (parts_.Timer1.enabled() && !parts_.state.quickStepPending) {
+        parts_.Timer1.restart();
+    }
+    applyScript(script::ScriptPlayer::kFull);
+}
+
+void Slideshow::showVideo() {
+    backwards_ = false;
+    parts_.captions.end();
+    parts_.captions.updateInformation(parts_.runner.currentEffect);
+    parts_.video.videoShowing = 1;
+    parts_.video.OpenAndPlayVideo(parts_.state.currentPicture);
+    if (parts_.video.videoShowing == 0) {
+        // A key that came while it opened has ended it and asked for the next item.
+        return;
+    }
+    parts_.video.ArmVideoLength();
+    const int length = parts_.Timer1.interval();
+    parts_.video.armFade(length);
+    prepareNeighbours();
+    if (length <= 0) {
+        // It cannot be played: the show goes on.
+        quickStep();
+    } else if (parts_.MUTE.value() == 1) {
+        parts_.video.RampToVideo();
+    }
+}
+
+// The picture on the screen stays, and the step is made again at once, in the direction it had.
+void Slideshow::passOver() {
+    const auto back = backIndex(parts_.state.pictureIndex);
+    if (backwards_ && back) {
+        parts_.state.pictureIndex = *back;
+    } else {
+        backwards_ = false;
+    }
+    quickStep();
+}
+
+void Slideshow::endOfList() {
+    ended_ = true;
+    parts_.Timer1.setEnabled(false);
+    parts_.Timer5.setEnabled(false);
+    parts_.Text1.hide();
+    SetCursorPos(parts_.screen.rectangle().left, parts_.screen.rectangle().top);
+    if (parts_.video.videoShowing == 1) {
+        parts_.video.CaptureLastFrameAndClose();
+    }
+    parts_.captions.end();
+    parts_.EOT.toFront();
+    parts_.EOT.show();
+    parts_.Pic2.setFocus();
+    parts_.Pic3.drop();
+    parts_.loop.doEvents();
+    parts_.loop.sleep(kEndWaitMs);
+    if (parts_.player.wanted()) {
+        fadeMusicOut();
+    }
+}
+
+void Slideshow::fadeMusicOut() {
+    const int volume = parts_.music.musicVolume;
+    for (int step = 0; step < media::endFadeSteps(volume); ++step) {
+        parts_.player.sendVolume(media::endFadeVolume(step, volume));
+        parts_.loop.doEvents();
+        if (!ended_) {
+            return;
+        }
+        parts_.loop.sleep(media::kEndFadePauseMs);
+    }
+}
+
+void Slideshow::leaveEnd() {
+    parts_.EOT.hide();
+    if (parts_.player.wanted()) {
+        parts_.player.sendVolume(parts_.music.musicVolume);
+        parts_.Timer5.setEnabled(true);
+    }
+}
+
+void Slideshow::applyScript(int mode) {
+    try {
+        parts_.script.ApplyScriptEntry(mode);
+    } catch (const std::invalid_argument&) {
+        // A picture without a key has no entry; it is shown all the same.
+    }
+}
+
+void Slideshow::prepareNeighbours() {
+    const int count = parts_.File1.count();
+    std::vector<std::wstring> wanted;
+    const auto want = [&](int index) {
+        if (index < 0 || index >= count || app::isVideoName(pathOf(index))) {
+            return;
+        }
+        if (std::find(wanted.begin(), wanted.end(), pathOf(index)) == wanted.end()) {
+            wanted.push_back(pathOf(index));
+        }
+    };
+    const int shown = parts_.state.pictureIndex;
+    for (int i = 1; i <= kAhead; ++i) {
+        const bool wraps = shown + i >= count && parts_.LoopC.value() == 1;
+        want(wraps ? (shown + i) % count : shown + i);
+    }
+    want(shown - 1);
+    parts_.pictures.prepare(wanted);
+}
+
+}  // namespace show

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "media/background_music.h"
+#include "media/video_playback.h"
+#include "platform/display_awake.h"
+#include "script/script_player.h"
+#include "show/captions.h"
+#include "show/picture_source.h"
+#include "show/show_screen.h"
+#include "show/show_state.h"
+#include "show/transition_runner.h"
+#include "ui/check_box.h"
+#include "ui/file_list.h"
+#include "ui/folder_list.h"
+#include "ui/pointer.h"
+#include "ui/scroll_bar.h"
+
+namespace show {
+
+/// The show: its start, the step from item to item that Timer1 drives, and its end. Keys and mouse steer it
+/// through ShowControls.
+class Slideshow {
+  public:
+    struct Parts {
+        ui::EventLoop& loop;
+        ShowState& state;
+        ShowScreen& screen;
+        ui::Pointer& pointer;
+        PictureSource& pictures;
+        TransitionRunner& runner;
+        Captions& captions;
+        script::ScriptPlayer& script;
+        media::MediaControl& control;
+        media::VideoPlayback& video;
+        media::BackgroundMusic& player;
+        media::MusicState& music;
+        ui::FileList& File1;
+        const ui::FolderList& Dir1;
+        const ui::ScrollBar& IntS;
+        const ui::CheckBox& LoopC;
+        const ui::CheckBox& Screen2;
+        const ui::CheckBox& MUTE;
+        ui::PictureBox& Pic1;
+        ui::PictureBox& Pic2;
+        ui::PictureBox& Pic3;
+        ui::TextBox& Text1;
+        ui::Control& EOT;
+        ui::Timer& Timer1;
+        ui::Timer& Timer5;
+        /// The shape of the fit rule for a surface of that size.
+        std::function<double(int width, int height)> shape;
+        /// Keeps the folder of this show for a window that is loaded again.
+        std::function<void()> rememberFolder;
+    };
+    explicit Slideshow(Parts parts);
+
+    /// Turns the window into the show surface and brings the selected item onto it, stepping by hand. Does
+    /// nothing when there are no files.
+    void start();
+    /// Steps on by itself from now on, beginning with the item shown.
+    void continueAutomatically();
+    /// Stops stepping and keeps the item shown; a video halts.
+    void pauseByHand();
+    /// Stops stepping by itself: the item asked for next is still shown, then the show waits.
+    void hold();
+    /// The next item comes now: 100 ms from now, or as soon as a running transition is through. One that is
+    /// pending already stays as it is.
+    void quickStep();
+    /// Goes back so that the next step shows the item before this one; false on the first one.
+    bool stepBack();
+    /// Whether the end of the list was reached and the last item stands under the end button.
+    bool atEnd() const;
+    /// Stops a video that a key ends: black surface, effect "A" next.
+    void endVideo();
+    /// The show is wound down: no more steps.
+    void stop();
+
+    /// The show is over and the window is to be unloaded.
+    std::function<void()> onEnd;
+
+  private:
+    void tick();
+    void showFirst();
+    void showVideo();
+    void showPicture();
+    void passOver();
+    void endOfList();
+    void leaveEnd();
+    void fadeMusicOut();
+    void applyScript(int mode);
+    void prepareNeighbours();
+    std::wstring pathOf(int index) const;
+
+    Parts parts_;
+    std::unique_ptr<platform::DisplayAwake> awake_;
+    bool ended_ = false;
+    /// Whether the last step was one back, so that a damaged picture is passed over in that direction.
+    bool backwards_ = false;
+};
+
+}  // namespace show
