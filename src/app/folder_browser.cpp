@@ -1,0 +1,166 @@
+#include "app/folder_browser.h"
+
+#include <utility>
+
+#include "app/file_filter.h"
+#include "media/music_list.h"
+#include "platform/error.h"
+#include "platform/file_time.h"
+#include "platform/system_message.h"
+#include "show/step_rule.h"
+
+namespace app {
+
+namespace {
+
+constexpr wchar_t kErrorTitle[] = L" Fehler";
+constexpr std::size_t kDateCharacters = 10;
+
+}  // namespace
+
+FolderBrowser::FolderBrowser(Parts parts)
+    : parts_(std::move(parts)), preview_(parts_.loop), previewPlace_(parts_.Pic2.place()) {
+    preview_.onLoaded = [this](const std::optional<platform::DecodedPicture>& picture) { loaded(picture); };
+}
+
+std::wstring FolderBrowser::pathOf(int index) const {
+    std::wstring path = parts_.Dir1.path();
+    if (path.empty() || path.back() != L'\\') {
+        path += L'\\';
+    }
+    return path + parts_.File1.entries()[static_cast<std::size_t>(index)];
+}
+
+void FolderBrowser::driveChanged() {
+    try {
+        openFolder(parts_.Drive1.drive().substr(0, 2) + L"\\");
+        parts_.Dir1.setFocus();
+    } catch (const platform::Error& error) {
+        parts_.showError(platform::systemMessage(error.code()), kErrorTitle);
+    }
+}
+
+void FolderBrowser::folderClicked() {
+    try {
+        openFolder(parts_.Dir1.selectedPath());
+    } catch (const platform::Error&) {
+        // A folder that cannot be opened: the list stays where it is.
+    }
+}
+
+// Another folder has another first file; the one that is open already keeps the file chosen in it.
+void FolderBrowser::openFolder(const std::wstring& folder) {
+    const std::wstring before = parts_.Dir1.path();
+    parts_.Dir1.setPath(folder);
+    if (parts_.Dir1.path() != before) {
+        parts_.state.StartIndex = 0;
+    }
+}
+
+void FolderBrowser::folderChanged() {
+    parts_.File1.setPath(parts_.Dir1.path());
+    parts_.File2.setPath(parts_.Dir1.path());
+    parts_.music.musicIndex = 0;
+    parts_.music.musicList = media::musicEntries(parts_.File2.entries());
+    parts_.Pic2.move(previewPlace_);
+    parts_.Pic2.show();
+    parts_.closeVideo();
+    refreshCount();
+    preview_.cancel();
+    enableStart(parts_.File1.count() > 0);
+    if (parts_.File1.count() > 0) {
+        previewFile(0, false);
+    } else {
+        parts_.Pic2.clear();
+        parts_.Pic2.setToolTip(L"");
+    }
+}
+
+void FolderBrowser::refreshCount() {
+    const bool followsSelection = parts_.File1.selectedIndex() == parts_.state.StartIndex;
+    parts_.File1.refresh();
+    if (followsSelection && parts_.File1.selectedIndex() >= 0) {
+        parts_.state.StartIndex = parts_.File1.selectedIndex();
+    }
+    parts_.File1.setToolTip(fileCountText(parts_.File1.count()));
+    if (!preview_.loading()) {
+        enableStart(parts_.File1.count() > 0);
+    }
+}
+
+void FolderBrowser::endPreview() {
+    preview_.cancel();
+}
+
+void FolderBrowser::fileClicked() {
+    const int index = parts_.File1.selectedIndex();
+    if (index >= 0) {
+        previewFile(index, true);
+    }
+}
+
+// The first file of a folder is previewed without being chosen: StartIndex stays for what follows.
+void FolderBrowser::previewFile(int index, bool byUser) {
+    enableStart(false);
+    previewed_ = pathOf(index);
+    parts_.Pic2.hide();
+    parts_.closeVideo();
+    preview_.cancel();
+    if (byUser) {
+        parts_.state.StartIndex = index;
+    }
+    const auto time = platform::fileWriteTime(previewed_);
+    parts_.Pic2.setToolTip(time ? platform::dateAndTime(*time).substr(0, kDateCharacters) : L"");
+    parts_.Pic2.move(previewPlace_);
+    if (!isPictureName(previewed_)) {
+        parts_.Pic2.clear();
+        parts_.Pic2.show();
+        parts_.openVideo(previewed_);
+        enableStart(true);
+        return;
+    }
+    const SIZE size = parts_.Pic2.clientSize();
+    preview_.load(previewed_, size.cx, size.cy);
+    parts_.aboutToShow(previewed_);
+    // Last, since another folder may be opened meanwhile.
+    parts_.loop.doEvents();
+}
+
+void FolderBrowser::loaded(const std::optional<platform::DecodedPicture>& picture) {
+    if (picture) {
+        parts_.Pic2.setImage(picture->pixels);
+    } else {
+        parts_.Pic2.clear();
+    }
+    parts_.Pic2.show();
+    enableStart(parts_.File1.count() > 0);
+}
+
+void FolderBrowser::enableStart(bool enabled) {
+    parts_.Start.setEnabled(enabled);
+    parts_.Run.setEnabled(enabled);
+}
+
+void FolderBrowser::filterClicked(int index) {
+    parts_.File1.setPattern(kTypPatterns[static_cast<std::size_t>(index)]);
+    refreshCount();
+}
+
+void FolderBrowser::musicClicked() {
+    parts_.music.musicIndex = 0;
+}
+
+bool FolderBrowser::selectFolder(wchar_t letter) {
+    std::vector<std::wstring> names;
+    const int first = parts_.Dir1.firstSubFolder();
+    for (int i = first; i < parts_.Dir1.count(); ++i) {
+        names.push_back(parts_.Dir1.item(i));
+    }
+    const auto index = show::folderOfLetter(names, letter);
+    if (index) {
+        parts_.Dir1.setTopIndex(first + *index);
+    }
+    return index.has_value();
+}
+
+}  // namespace app

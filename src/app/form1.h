@@ -1,0 +1,112 @@
+#pragma once
+
+#include <array>
+#include <functional>
+
+#include "ui/button.h"
+#include "ui/check_box.h"
+#include "ui/drive_list.h"
+#include "ui/event_loop.h"
+#include "ui/file_list.h"
+#include "ui/folder_list.h"
+#include "ui/form.h"
+#include "ui/frame.h"
+#include "ui/glyph.h"
+#include "ui/label.h"
+#include "ui/line.h"
+#include "ui/option_button.h"
+#include "ui/picture_box.h"
+#include "ui/scroll_bar.h"
+#include "ui/text_box.h"
+#include "ui/timer.h"
+
+namespace app {
+
+/// The main window: the set-up of a show and, once it has begun, its surface. It holds the controls under
+/// their names and lies them out; what happens at their events is wired by the application.
+class Form1 : public ui::Form {
+  public:
+    explicit Form1(ui::EventLoop& loop);
+
+    /// Rounds the window's corners.
+    void applyRegion();
+    /// Makes the window rectangular again.
+    void dropRegion();
+    ui::Rgb groundAt(POINT place) const override;
+    /// Hides everything that belongs to the set-up, for good.
+    void hideSetup();
+    /// Draws the program's emblem into Pic3.
+    void drawEmblem();
+
+    /// Told of every message; for what the task bar sends to all windows.
+    std::function<void(UINT message)> onOwnerMessage;
+
+  private:
+    // Groups outlive their buttons, so they come first.
+    ui::OptionGroup typGroup_;
+    ui::OptionGroup setGroup_;
+
+  public:
+    // where
+    ui::DriveList Drive1;
+    ui::FolderList Dir1;
+    std::array<ui::OptionButton, 3> Typ;
+    ui::FileList File1;
+    ui::FileList File2;
+    // go
+    ui::PushButton Start;
+    ui::PictureButton CTRL;
+    ui::PictureButton Run;
+    // how
+    ui::TextBox IntT;
+    ui::Label Label2;
+    ui::ScrollBar IntS;
+    ui::CheckBox LoopC;
+    ui::CheckBox ShowFN;
+    ui::CheckBox Check1;
+    ui::CheckBox Musik;
+    ui::CheckBox MUTE;
+    ui::CheckBox Screen2;
+    ui::Frame Frame1;
+    std::array<ui::OptionButton, 4> Option1;
+    ui::PictureButton SAVE;
+    // program
+    ui::PushButton Help;
+    ui::PictureButton ENDE;
+    ui::Label Label1;
+    ui::Line Line1;
+    ui::Line Line2;
+    // show; the first ones lie in front
+    ui::PushButton EOT;
+    ui::TextBox UT;
+    ui::TextBox Text1;
+    ui::PictureBox Pic3;
+    ui::PictureBox Pic2;
+    ui::PictureBox Pic1;
+
+    ui::Timer Timer1;
+    ui::Timer Timer2;
+    ui::Timer Timer3;
+    ui::Timer Timer4;
+    ui::Timer Timer5;
+
+  protected:
+    void onDpiChanged(int dpi, const RECT& suggested) override;
+    bool onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
+    void drawGround(ui::Painting& painting) override;
+
+  private:
+    void wirePause();
+    void setToolTips();
+    void setAccessKeys();
+
+    /// Words beside controls that have no caption of their own.
+    ui::Label pauseWord_;
+    ui::Glyph screenGlyph_;
+    ui::Label screenWord_;
+    std::array<ui::Label, 4> setDigits_;
+    /// Whether the window shows its set-up, with its head and round corners.
+    bool setup_ = true;
+};
+
+}  // namespace app

@@ -1,0 +1,53 @@
+#include "app/form1_screen.h"
+
+#include "platform/monitors.h"
+#include "show/caption_rule.h"
+#include "show/step_rule.h"
+
+namespace app {
+
+bool Form1Screen::inSetup() const {
+    return form_.Start.visible();
+}
+
+void Form1Screen::moveToSecondScreen() {
+    const RECT place = rectangle();
+    SetWindowPos(form_.hwnd(), nullptr, show::secondScreenLeft(platform::Monitors::current().primaryWidth()),
+                 place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// The monitor's own rectangle instead of a maximised state, which some window managers keep clear of their
+// task bar.
+void Form1Screen::takeOver() {
+    if (inSetup()) {
+        form_.hideSetup();
+        form_.Pic2.hide();
+        form_.Pic2.setToolTip(L"");
+        form_.dropRegion();
+    }
+    const RECT monitor = platform::Monitors::current().areaOf(form_.hwnd());
+    SetWindowPos(form_.hwnd(), HWND_TOP, monitor.left, monitor.top, monitor.right - monitor.left,
+                 monitor.bottom - monitor.top, SWP_SHOWWINDOW);
+}
+
+SIZE Form1Screen::size() const {
+    return form_.clientSize();
+}
+
+void Form1Screen::arrange() {
+    const int dpi = form_.dpi();
+    const SIZE pixels = size();
+    const float width = ui::toTwips(pixels.cx, dpi);
+    const float height = ui::toTwips(pixels.cy, dpi);
+    const show::CaptionPlace end = show::endButtonPlace(width, height, form_.EOT.width(), form_.EOT.height());
+    form_.EOT.move({end.left, end.top, form_.EOT.width(), form_.EOT.height()});
+    form_.UT.move({0, show::titleTop(height, form_.UT.height()), width, form_.UT.height()});
+}
+
+RECT Form1Screen::rectangle() const {
+    RECT place{};
+    GetWindowRect(form_.hwnd(), &place);
+    return place;
+}
+
+}  // namespace app

@@ -1,0 +1,36 @@
+#include "app/shutdown.h"
+
+#include "platform/clipboard.h"
+#include "platform/process.h"
+
+namespace app {
+
+void Shutdown::stopMedia() {
+    for (const char* command : {"stop VIDEO", "close VIDEO", "stop AUDIO", "close AUDIO"}) {
+        parts_.control.send(command);
+    }
+}
+
+void Shutdown::clipboardEnd() {
+    stopMedia();
+    platform::setClipboardText(GetAncestor(parts_.Pic2.hwnd(), GA_ROOT), parts_.parameters.command());
+    parts_.tray.remove();
+    parts_.loop.leave();
+}
+
+void Shutdown::showEnd() {
+    stopMedia();
+    parts_.Pic2.setAutoRedraw(false);
+    parts_.Pic3.setAutoRedraw(false);
+    parts_.Pic3.hide();
+    parts_.loop.doEvents();
+    parts_.tray.remove();
+    parts_.loop.leave();
+}
+
+void Shutdown::restart() {
+    platform::startProcess(parts_.parameters.restartCommand());
+    parts_.loop.leave();
+}
+
+}  // namespace app

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/parameter_controls.h"
+#include "media/media_control.h"
+#include "platform/tray_icon.h"
+#include "ui/event_loop.h"
+#include "ui/picture_box.h"
+
+namespace app {
+
+/// The ways out of the program. None asks, and none stores settings.
+class Shutdown {
+  public:
+    struct Parts {
+        ui::EventLoop& loop;
+        media::MediaControl& control;
+        platform::TrayIcon& tray;
+        const ParameterControls& parameters;
+        ui::PictureBox& Pic2;
+        ui::PictureBox& Pic3;
+    };
+    explicit Shutdown(const Parts& parts) : parts_(parts) {}
+
+    /// Ends the program and leaves a command line on the clipboard that starts it like this again.
+    void clipboardEnd();
+    /// Ends a show: media stop, the window goes.
+    void showEnd();
+    /// Starts the program anew with the settings of now and the picture last chosen, and ends this one.
+    void restart();
+
+  private:
+    void stopMedia();
+
+    Parts parts_;
+};
+
+}  // namespace app
