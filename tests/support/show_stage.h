@@ -1,0 +1,171 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "app/file_filter.h"
+#include "media/background_music.h"
+#include "media/video_playback.h"
+#include "script/script_player.h"
+#include "show/captions.h"
+#include "show/show_controls.h"
+#include "show/slideshow.h"
+#include "show/transition_runner.h"
+#include "support/picture_writer.h"
+#include "support/recording_media_control.h"
+#include "support/virtual_loop.h"
+#include "ui/button.h"
+#include "ui/form.h"
+
+namespace support {
+
+/// Pictures of one colour each, told by the file's name, without a file being decoded.
+class FakePictures : public show::PictureSource {
+  public:
+    void setSurface(int width, int height, double) override {
+        width_ = width;
+        height_ = height;
+    }
+    std::optional<platform::DecodedPicture> take(const std::wstring& path) override {
+        taken.push_back(path);
+        if (damaged.count(path.substr(path.rfind(L'\\') + 1)) != 0) {
+            return std::nullopt;
+        }
+        platform::DecodedPicture picture;
+        picture.nativeWidth = 400;
+        picture.nativeHeight = 300;
+        picture.pixels = platform::Pixels(width_, height_);
+        std::fill(picture.pixels.data.begin(), picture.pixels.data.end(), colourOf(path));
+        return picture;
+    }
+    void prepare(const std::vector<std::wstring>& paths) override { prepared = paths; }
+
+    /// A colour that no other name of the tests has.
+    static std::uint32_t colourOf(const std::wstring& path) {
+        std::uint32_t hash = 2166136261U;
+        for (const wchar_t c : path.substr(path.rfind(L'\\') + 1)) {
+            hash = (hash ^ static_cast<std::uint32_t>(c)) * 16777619U;
+        }
+        return (hash & 0x00FFFFFFU) | 0x00010101U;
+    }
+
+    std::set<std::wstring> damaged;
+    std::vector<std::wstring> taken;
+    std::vector<std::wstring> prepared;
+
+  private:
+    int width_ = 0;
+    int height_ = 0;
+};
+
+/// A small surface in the place of a monitor.
+class FakeScreen : public show::ShowScreen {
+  public:
+    bool inSetup() const override { return !tookOver; }
+    void moveToSecondScreen() override { movedToSecond = true; }
+    void takeOver() override { tookOver = true; }
+    SIZE size() const override { return {160, 120}; }
+    void arrange() override { arranged = true; }
+    RECT rectangle() const override { return {0, 0, 160, 120}; }
+
+    bool tookOver = false;
+    bool movedToSecond = false;
+    bool arranged = false;
+};
+
+/// Everything a show needs, with real controls, a recording media control and the virtual clock.
+class ShowStage {
+  public:
+    /// `names` are made as files of a temporary folder in which the show runs.
+    explicit ShowStage(const std::vector<std::wstring>& names) {
+        for (const std::wstring& name : names) {
+            writeBytes(folder.file(name), {'x'});
+        }
+        music.musicList.clear();
+        Dir1.setPath(folderPath());
+        File1.setPath(folderPath());
+        IntS.setValue(56);
+        controls.emplace(show::ShowControls::Parts{loop, state, screen, pointer, show, runner, captions,
+                                                   video, player, IntS, Timer1, Pic2,
+                                                   [this] { ++restarts; }});
+        show.onEnd = [this] { ++ends; };
+    }
+
+    void key(int code) { controls->keyDown(code); }
+    void type(wchar_t character) {
+        controls->keyDown(VkKeyScanW(character) & 0xFF);
+        controls->keyPress(character);
+    }
+    /// The colour in the middle of what the show surface holds.
+    std::uint32_t shown() const {
+        GdiFlush();
+        return Pic2.image().bits()[60 * 160 + 80];
+    }
+    std::wstring folderPath() const {
+        const std::wstring inside = folder.file(L"x");
+        return inside.substr(0, inside.rfind(L'\\'));
+    }
+    std::wstring pathOf(const std::wstring& name) const { return folder.file(name); }
+
+    VirtualLoop loop;
+    TemporaryFolder folder;
+    RecordingMediaControl control;
+    FakePictures pictures;
+    FakeScreen screen;
+    show::ShowState state;
+    media::MusicState music;
+    ui::Pointer pointer;
+    int restarts = 0;
+    int ends = 0;
+
+    ui::Form form{{.className = L"PanorellTestStage", .title = L"", .width = 9000, .height = 6000}};
+    ui::FileList File1{{.parent = form}, app::isListed, app::kTypPatterns[0]};
+    ui::FolderList Dir1{{.parent = form}};
+    ui::ScrollBar IntS{{.parent = form}, {1, 60, 56}};
+    ui::CheckBox LoopC{{.parent = form}};
+    ui::CheckBox Screen2{{.parent = form}};
+    ui::CheckBox MUTE{{.parent = form}};
+    ui::CheckBox Musik{{.parent = form}};
+    ui::CheckBox ShowFN{{.parent = form}};
+    ui::CheckBox Check1{{.parent = form}};
+    ui::TextBox UT{{.parent = form, .place = {0, 0, 2000, 300}, .visible = false}};
+    ui::TextBox Text1{{.parent = form, .place = {0, 0, 2000, 300}, .visible = false}};
+    ui::PushButton EOT{{.parent = form, .text = L"Ende", .visible = false}};
+    ui::PictureBox Pic3{{.parent = form, .visible = false}};
+    ui::PictureBox Pic2{{.parent = form}};
+    ui::PictureBox Pic1{{.parent = form, .visible = false}};
+    ui::Timer Timer1{loop, 10000};
+    ui::Timer Timer2{loop, 10, ui::Timer::Pacing::FromTick};
+    ui::Timer Timer3{loop, 4000};
+    ui::Timer Timer4{loop, 0};
+    ui::Timer Timer5{loop, 2000};
+
+    show::TransitionRunner runner{{loop, Pic2, Pic3, Timer2, Check1}};
+    show::Captions captions{{loop, state, Pic2, Pic3, UT, Text1, Timer3}};
+    media::VideoPlayback video{{loop, control, state, music, Pic1, Pic2, Pic3, Timer1, Timer4, MUTE,
+                                [this] { return Musik.value() != 0 && !music.musicList.empty(); }}};
+    media::BackgroundMusic player{
+        {loop, control, music, Timer5, Musik, [this] { return runner.running() || video.sounds(); }}};
+    script::ScriptPlayer script{
+        {state, captions, runner, music, player, Timer1, Musik, ShowFN, [this] { return Dir1.path(); }}};
+    show::Slideshow show{{loop,     state,
+                          screen,   pointer,
+                          pictures, runner,
+                          captions, script,
+                          control,  video,
+                          player,   music,
+                          File1,    Dir1,
+                          IntS,     LoopC,
+                          Screen2,  MUTE,
+                          Pic1,     Pic2,
+                          Pic3,     Text1,
+                          EOT,      Timer1,
+                          Timer5,   [](int, int) { return show::kDesignShape; },
+                          [] {}}};
+    std::optional<show::ShowControls> controls;
+};
+
+}  // namespace support

@@ -1,0 +1,5 @@
+__declspec(dllexport) int fromTheLibrary();
+
+int fromTheLibrary() {
+    return 1;
+}

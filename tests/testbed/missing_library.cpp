@@ -1,0 +1,7 @@
+#include <gtest/gtest.h>
+
+__declspec(dllimport) int fromTheLibrary();
+
+TEST(MissingLibrary, IsNeverReached) {
+    EXPECT_EQ(fromTheLibrary(), 1);
+}

@@ -1,0 +1,202 @@
+#include "media/background_music.h"
+
+#include <gmock/gmock.h>
+
+#include "media/music_list.h"
+#include "support/show_stage.h"
+
+namespace media {
+namespace {
+
+using support::ShowStage;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+/// A stage with three titles whose files exist, and the rotation about to tick.
+struct MusicStage : ShowStage {
+    explicit MusicStage(const std::vector<std::wstring>& titles = {L"01 Eins.mp3", L"02 Zwei.mp3",
+                                                                   L"Drei.mp3"})
+        : ShowStage({L"a.jpg"}) {
+        for (const std::wstring& title : titles) {
+            support::writeBytes(folder.file(title), {'x'});
+        }
+        music.musicList = musicEntries(titles);
+        music.musicFolder = folderPath() + L"\\";
+        Musik.setValue(1);
+        control.replyTo("status AUDIO length", "180000");
+        loop.setTimeOfDay(50'000);
+    }
+    void tick() {
+        Timer5.setInterval(1);
+        Timer5.setEnabled(true);
+        loop.advance(2);
+    }
+    /// The file name that the last "open" named, by its long name.
+    std::wstring opened() {
+        for (const std::string& command : control.commands()) {
+            if (command.rfind("open ", 0) == 0) {
+                const std::string path = command.substr(5, command.rfind(" alias") - 5);
+                wchar_t longPath[MAX_PATH]{};
+                GetLongPathNameW(std::wstring(path.begin(), path.end()).c_str(), longPath, MAX_PATH);
+                const std::wstring text = longPath;
+                last_ = text.substr(text.rfind(L'\\') + 1);
+            }
+        }
+        return last_;
+    }
+
+  private:
+    std::wstring last_;
+};
+
+TEST(MusicRotation, PlaysATitleWithItsCommandsInOrder) {
+    MusicStage stage;
+    stage.tick();
+    const auto commands = stage.control.commands();
+    ASSERT_EQ(commands.size(), 7U);
+    EXPECT_EQ(commands[0], "stop AUDIO");
+    EXPECT_EQ(commands[1], "close AUDIO");
+    EXPECT_THAT(commands[2], testing::AllOf(testing::StartsWith("open "), testing::EndsWith(" alias AUDIO")));
+    EXPECT_EQ(commands[3], "set AUDIO time format milliseconds");
+    EXPECT_EQ(commands[4], "status AUDIO length");
+    EXPECT_EQ(commands[5], "setaudio AUDIO volume to 200");
+    EXPECT_EQ(commands[6], "play AUDIO");
+    EXPECT_EQ(stage.opened(), L"01 Eins.mp3");
+    EXPECT_EQ(stage.Timer5.interval(), 2000);
+    EXPECT_EQ(stage.music.musicIndex, 1);
+    EXPECT_EQ(stage.music.musicEndTime, 50'000 + 180'000 + 2)
+        << "milliseconds count as seconds here, on purpose";
+}
+
+TEST(MusicRotation, WaitsUntilTheEndTime) {
+    MusicStage stage;
+    stage.tick();
+    stage.control.clear();
+    stage.loop.advance(60'000);
+    EXPECT_TRUE(stage.control.commands().empty());
+    stage.music.musicEndTime = 0;
+    stage.loop.advance(2000);
+    EXPECT_EQ(stage.opened(), L"02 Zwei.mp3");
+}
+
+TEST(MusicRotation, WithoutALengthTheNextFollowsAfterTwoSeconds) {
+    MusicStage stage;
+    stage.control.replyTo("status AUDIO length", "");
+    stage.tick();
+    stage.loop.advance(2100);
+    EXPECT_EQ(stage.music.musicIndex, 2);
+}
+
+TEST(MusicRotation, SkipsLockedTitles) {
+    MusicStage stage({L"01 Eins.mp3", L"99 Zu.mp3", L"Drei.mp3"});
+    stage.music.musicIndex = 1;
+    stage.tick();
+    EXPECT_EQ(stage.opened(), L"Drei.mp3");
+    EXPECT_EQ(stage.music.musicIndex, 0);
+}
+
+TEST(MusicRotation, AllLockedOpensNothing) {
+    MusicStage stage({L"99 Eins.mp3", L"99 Zwei.mp3"});
+    stage.tick();
+    EXPECT_TRUE(stage.control.commands().empty());
+}
+
+TEST(MusicRotation, EmptyListDoesNothing) {
+    MusicStage stage(std::vector<std::wstring>{});
+    stage.music.musicRequest = L"<";
+    stage.tick();
+    EXPECT_TRUE(stage.control.commands().empty());
+    EXPECT_TRUE(stage.Timer5.enabled());
+}
+
+TEST(MusicRequest, FadesOutAndPlaysTheLastMatch) {
+    MusicStage stage({L"01 Meer.mp3", L"02 Berg.mp3", L"99 Meer 2.mp3"});
+    stage.music.musicRequest = L"Meer";
+    stage.player.request();
+    stage.loop.advance(6000);
+    const auto commands = stage.control.commands();
+    EXPECT_EQ(commands[0], "setaudio AUDIO volume to 200");
+    EXPECT_EQ(commands[200], "setaudio AUDIO volume to 0");
+    EXPECT_EQ(commands[201], "stop AUDIO");
+    EXPECT_EQ(stage.opened(), L"99 Meer 2.mp3") << "a locked title may be asked for";
+    EXPECT_TRUE(stage.music.musicRequest.empty());
+    EXPECT_EQ(stage.Musik.value(), 1);
+    EXPECT_DOUBLE_EQ(stage.loop.slept(), 5010);
+}
+
+TEST(MusicRequest, StopFadesAndGreysTheBox) {
+    MusicStage stage;
+    stage.tick();
+    stage.control.clear();
+    stage.music.musicRequest = L"<";
+    stage.player.request();
+    stage.loop.advance(6000);
+    EXPECT_FALSE(stage.Timer5.enabled());
+    EXPECT_EQ(stage.Musik.value(), 2);
+    EXPECT_TRUE(stage.music.musicRequest.empty());
+    EXPECT_THAT(stage.control.commands(), Not(Contains("stop AUDIO"))) << "the device stays open";
+    EXPECT_EQ(stage.control.commands().back(), "setaudio AUDIO volume to 0");
+}
+
+TEST(MusicRequest, GreyedBoxDoesNotFadeButStartsAgain) {
+    MusicStage stage;
+    stage.Musik.setValue(2);
+    stage.music.musicRequest = L"Zwei";
+    stage.player.request();
+    stage.loop.advance(100);
+    EXPECT_EQ(stage.control.commands().front(), "stop AUDIO");
+    EXPECT_EQ(stage.opened(), L"02 Zwei.mp3");
+    EXPECT_EQ(stage.Musik.value(), 1);
+}
+
+TEST(MusicRequest, UnknownTitlePlaysTheNext) {
+    MusicStage stage;
+    stage.music.musicIndex = 1;
+    stage.music.musicRequest = L"Gibt es nicht";
+    stage.player.request();
+    stage.loop.advance(6000);
+    EXPECT_EQ(stage.opened(), L"02 Zwei.mp3");
+}
+
+TEST(MusicInTheShow, StartsWithTheShowAndOnlyWhereItIsWanted) {
+    MusicStage stage;
+    stage.show.start();
+    EXPECT_TRUE(stage.Timer5.enabled());
+    stage.loop.advance(2001);
+    EXPECT_THAT(stage.control.commands(), Contains("play AUDIO"));
+
+    MusicStage* const other = &stage;
+    EXPECT_EQ(other->music.musicIndex, 1);
+}
+
+TEST(MusicInTheShow, UntickedBoxMeansSilence) {
+    MusicStage stage;
+    stage.Musik.setValue(0);
+    stage.show.start();
+    stage.loop.advance(10'000);
+    EXPECT_THAT(stage.control.commands(), Not(Contains(HasSubstr("AUDIO"))));
+}
+
+TEST(MusicInTheShow, TickWaitsForATransition) {
+    MusicStage stage;
+    support::writeBytes(stage.folder.file(L"b.jpg"), {'x'});
+    stage.File1.refresh();
+    stage.Check1.setValue(1);
+    stage.runner.effectNumber = 4;  // four seconds
+    stage.show.start();
+    stage.key(VK_RIGHT);
+    bool seen = false;
+    stage.loop.at(3000, [&] {
+        seen = true;
+        EXPECT_TRUE(stage.runner.running());
+        EXPECT_THAT(stage.control.commands(), Not(Contains("play AUDIO")));
+    });
+    stage.loop.advance(8000);
+    EXPECT_TRUE(seen);
+    EXPECT_THAT(stage.control.commands(), Contains("play AUDIO"));
+}
+
+}  // namespace
+}  // namespace media

@@ -1,0 +1,375 @@
+#include <gmock/gmock.h>
+
+#include "support/test_form.h"
+#include "ui/button.h"
+#include "ui/check_box.h"
+#include "ui/combo_box.h"
+#include "ui/frame.h"
+#include "ui/label.h"
+#include "ui/line.h"
+#include "ui/list_box.h"
+#include "ui/option_button.h"
+#include "ui/scroll_bar.h"
+#include "ui/text_box.h"
+#include "ui/theme.h"
+
+namespace ui {
+namespace {
+
+using support::TestForm;
+using testing::ElementsAre;
+
+COLORREF pixelOf(const Control& control, int x, int y) {
+    UpdateWindow(control.hwnd());
+    const platform::WindowDc dc(control.hwnd());
+    return GetPixel(dc.get(), x, y);
+}
+
+TEST(Label, ShowsItsTextOnTheCardBehindAndLetsThePointerThrough) {
+    TestForm test;
+    test.form.setCards({{0, 0, 6000, 3000}});
+    CreateArgs args = test.args(1);
+    args.text = L"Sek";
+    Label label(args);
+    test.loop.settle();
+    EXPECT_EQ(label.text(), L"Sek");
+    const SIZE size = label.clientSize();
+    EXPECT_EQ(pixelOf(label, size.cx - 2, size.cy - 2), colorref(theme::kCard));
+    EXPECT_EQ(SendMessageW(label.hwnd(), WM_NCHITTEST, 0, 0), HTTRANSPARENT);
+}
+
+TEST(Label, WithoutACardItHasTheFormsColour) {
+    TestForm test;
+    Label label(test.args(1));
+    test.form.setBackground(0x000000);
+    label.repaint();
+    EXPECT_EQ(pixelOf(label, 3, 3), RGB(0, 0, 0));
+    label.setGround(0x102030);
+    EXPECT_EQ(pixelOf(label, 3, 3), RGB(0x10, 0x20, 0x30));
+}
+
+TEST(TextBox, TellsOfEachChangeOnce) {
+    TestForm test;
+    for (const bool multiLine : {false, true}) {
+        TextBox box(test.args(1), {.multiLine = multiLine});
+        std::vector<std::wstring> changes;
+        box.onChange = [&] { changes.push_back(box.text()); };
+        box.setText(L"12");
+        box.setText(L"12");
+        box.setText(L"");
+        box.setFocus();
+        SendMessageW(box.hwnd(), WM_CHAR, L'7', 1);
+        EXPECT_THAT(changes, ElementsAre(L"12", L"", L"7")) << multiLine;
+    }
+}
+
+TEST(TextBox, AHandlerMayChangeTheTextAgain) {
+    TestForm test;
+    TextBox box(test.args(1));
+    int calls = 0;
+    box.onChange = [&] {
+        ++calls;
+        if (box.text().size() >= 3) {
+            box.setText(L"");
+        }
+    };
+    box.setText(L"123");
+    EXPECT_EQ(box.text(), L"");
+    EXPECT_EQ(calls, 2);
+}
+
+TEST(CheckBox, AUserTogglesAndGreyedBecomesEmpty) {
+    TestForm test;
+    CheckBox box(test.args(1));
+    std::vector<int> values;
+    box.onClick = [&] { values.push_back(box.value()); };
+    test.click(box);
+    test.click(box);
+    box.setValue(2);
+    test.click(box);
+    box.setFocus();
+    test.key(VK_SPACE);
+    EXPECT_THAT(values, ElementsAre(1, 0, 2, 0, 1));
+}
+
+TEST(CheckBox, SettingTheSameValueTellsNothingAndABadOneThrows) {
+    TestForm test;
+    CheckBox box(test.args(1));
+    int clicks = 0;
+    box.onClick = [&] { ++clicks; };
+    box.setValue(0);
+    EXPECT_THROW(box.setValue(3), std::out_of_range);
+    EXPECT_THROW(box.setValue(-1), std::out_of_range);
+    EXPECT_EQ(clicks, 0);
+    box.setValue(1);
+    EXPECT_EQ(clicks, 1);
+}
+
+struct Options {
+    explicit Options(TestForm& test) {
+        for (int i = 0; i < 3; ++i) {
+            buttons.push_back(std::make_unique<OptionButton>(
+                test.args(10 + i, {150, 150 + 450.0F * static_cast<float>(i), 3000, 400}), group));
+            buttons.back()->onClick = [this, i] { events.push_back("click " + std::to_string(i)); };
+            buttons.back()->onChosen = [this, i] { events.push_back("chosen " + std::to_string(i)); };
+        }
+    }
+    OptionGroup group;
+    std::vector<std::unique_ptr<OptionButton>> buttons;
+    std::vector<std::string> events;
+};
+
+TEST(OptionButton, AtMostOneIsSelected) {
+    TestForm test;
+    Options options(test);
+    EXPECT_EQ(options.group.selectedIndex(), -1);
+    options.buttons[1]->setSelected(true);
+    options.buttons[2]->setSelected(true);
+    EXPECT_FALSE(options.buttons[1]->selected());
+    EXPECT_EQ(options.group.selectedIndex(), 2);
+    EXPECT_THAT(options.events, ElementsAre("click 1", "click 2"));
+}
+
+TEST(OptionButton, TheMouseChoosesWhenItGoesDown) {
+    TestForm test;
+    Options options(test);
+    test.press(*options.buttons[1]);
+    EXPECT_THAT(options.events, ElementsAre("chosen 1"));
+    test.release(*options.buttons[1]);
+    EXPECT_THAT(options.events, ElementsAre("chosen 1", "click 1"));
+    test.click(*options.buttons[1]);
+    EXPECT_THAT(options.events, ElementsAre("chosen 1", "click 1", "chosen 1"));
+}
+
+TEST(OptionButton, TheFocusAloneSelectsNothing) {
+    TestForm test;
+    Options options(test);
+    options.buttons[0]->setFocus();
+    test.loop.settle();
+    EXPECT_TRUE(options.events.empty());
+    EXPECT_EQ(options.group.selectedIndex(), -1);
+}
+
+TEST(OptionButton, ArrowKeysChooseAndSkipWhatCannotBeChosen) {
+    TestForm test;
+    Options options(test);
+    options.buttons[0]->setFocus();
+    test.key(VK_DOWN);
+    EXPECT_THAT(options.events, ElementsAre("chosen 1", "click 1"));
+    EXPECT_TRUE(options.buttons[1]->hasFocus());
+    options.buttons[2]->setEnabled(false);
+    test.key(VK_RIGHT);
+    EXPECT_EQ(options.group.selectedIndex(), 0);
+    test.key(VK_UP);
+    EXPECT_EQ(options.group.selectedIndex(), 1);
+}
+
+TEST(OptionButton, OneOfTheGroupIsInTheTabOrder) {
+    TestForm test;
+    CheckBox before(test.args(1));
+    Options options(test);
+    CheckBox after(test.args(2));
+    before.setFocus();
+    test.key(VK_TAB);
+    EXPECT_TRUE(options.buttons[0]->hasFocus());
+    options.buttons[2]->setSelected(true);
+    before.setFocus();
+    test.key(VK_TAB);
+    EXPECT_TRUE(options.buttons[2]->hasFocus());
+    test.key(VK_TAB);
+    EXPECT_TRUE(after.hasFocus());
+}
+
+TEST(Button, IsWorkedByMouseSpaceReturnAndCode) {
+    TestForm test;
+    PushButton button(test.args(1));
+    int clicks = 0;
+    button.onClick = [&] { ++clicks; };
+    test.click(button);
+    EXPECT_EQ(clicks, 1);
+    SendMessageW(button.hwnd(), WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(4, 4));
+    test.release(button);
+    EXPECT_EQ(clicks, 2) << "a double click is two clicks";
+    button.setFocus();
+    test.key(VK_SPACE);
+    test.key(VK_RETURN);
+    button.click();
+    EXPECT_EQ(clicks, 5);
+    button.setEnabled(false);
+    button.click();
+    EXPECT_EQ(clicks, 5);
+}
+
+TEST(Button, DrawsItsStates) {
+    TestForm test;
+    PictureButton button(test.args(1), Path().rect(0, 0, 10, 10), 10, 0.5F);
+    const SIZE size = button.clientSize();
+    const COLORREF quiet = pixelOf(button, size.cx / 8, size.cy / 2);
+    EXPECT_EQ(quiet, colorref(theme::kButton));
+    EXPECT_EQ(pixelOf(button, size.cx / 2, size.cy / 2), colorref(theme::kText)) << "the glyph";
+    SendMessageW(button.hwnd(), WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+    EXPECT_NE(pixelOf(button, size.cx / 8, size.cy / 2), quiet) << "hot";
+    SendMessageW(button.hwnd(), WM_MOUSELEAVE, 0, 0);
+    EXPECT_EQ(pixelOf(button, size.cx / 8, size.cy / 2), quiet);
+    button.setEnabled(false);
+    EXPECT_NE(pixelOf(button, size.cx / 2, size.cy / 2), colorref(theme::kText)) << "disabled";
+}
+
+TEST(Control, ADisabledControlGivesTheFocusAwayAndGetsItBack) {
+    TestForm test;
+    PushButton button(test.args(1));
+    CheckBox other(test.args(2));
+    button.setFocus();
+    button.setEnabled(false);
+    EXPECT_EQ(GetFocus(), test.form.hwnd());
+    button.setEnabled(true);
+    EXPECT_TRUE(button.hasFocus());
+    button.setEnabled(false);
+    other.setFocus();
+    button.setEnabled(true);
+    EXPECT_TRUE(other.hasFocus());
+}
+
+TEST(ScrollBar, KeepsToItsRange) {
+    TestForm test;
+    ScrollBar bar(test.args(1, {150, 150, 300, 2000}), {.min = 1, .max = 60, .value = 56});
+    std::vector<int> values;
+    bar.onChange = [&] { values.push_back(bar.value()); };
+    EXPECT_EQ(bar.value(), 56);
+    bar.setValue(60);
+    bar.setValue(60);
+    EXPECT_THROW(bar.setValue(61), std::out_of_range);
+    EXPECT_THROW(bar.setValue(0), std::out_of_range);
+    EXPECT_THAT(values, ElementsAre(60));
+    EXPECT_EQ(SendMessageW(bar.hwnd(), SBM_GETPOS, 0, 0), 60);
+}
+
+TEST(ScrollBar, IsWorkedByUserStepsThatStopAtTheEnds) {
+    TestForm test;
+    ScrollBar bar(test.args(1, {150, 150, 300, 2000}), {.min = 1, .max = 60, .value = 58});
+    const auto scroll = [&](WORD how, WORD position = 0) {
+        SendMessageW(test.form.hwnd(), WM_VSCROLL, MAKEWPARAM(how, position),
+                     reinterpret_cast<LPARAM>(bar.hwnd()));
+        return bar.value();
+    };
+    EXPECT_EQ(scroll(SB_LINEDOWN), 59);
+    EXPECT_EQ(scroll(SB_PAGEDOWN), 60);
+    EXPECT_EQ(scroll(SB_LINEDOWN), 60);
+    EXPECT_EQ(scroll(SB_LINEUP), 59);
+    EXPECT_EQ(scroll(SB_PAGEUP), 54);
+    EXPECT_EQ(scroll(SB_THUMBTRACK, 12), 12);
+    EXPECT_EQ(scroll(SB_TOP), 1);
+    EXPECT_EQ(scroll(SB_BOTTOM), 60);
+    EXPECT_EQ(scroll(SB_ENDSCROLL), 60);
+    SendMessageW(bar.hwnd(), WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+    EXPECT_EQ(bar.value(), 59);
+}
+
+TEST(ListBox, ItemsWithNumbers) {
+    TestForm test;
+    ListBox list(test.args(1));
+    list.add(L"eins", 1);
+    list.add(L"drei", 3);
+    list.insert(1, L"zwei", 2);
+    EXPECT_EQ(list.count(), 3);
+    EXPECT_EQ(list.item(1), L"zwei");
+    EXPECT_EQ(list.itemData(1), 2);
+    list.setItemData(1, -7);
+    EXPECT_EQ(list.itemData(1), -7);
+    list.remove(0);
+    EXPECT_EQ(list.item(0), L"zwei");
+    EXPECT_THROW(list.item(2), std::out_of_range);
+    EXPECT_THROW(list.remove(-1), std::out_of_range);
+    EXPECT_THROW(list.insert(4, L""), std::out_of_range);
+    list.clear();
+    EXPECT_EQ(list.count(), 0);
+}
+
+TEST(ListBox, ASelectionFromCodeIsToldLikeAUsers) {
+    TestForm test;
+    ListBox list(test.args(1, {150, 150, 3000, 3000}));
+    for (int i = 0; i < 5; ++i) {
+        list.add(L"Titel " + std::to_wstring(i));
+    }
+    std::vector<int> selected;
+    list.onClick = [&] { selected.push_back(list.selectedIndex()); };
+    EXPECT_EQ(list.selectedIndex(), -1);
+    list.setSelectedIndex(2);
+    list.setSelectedIndex(2);
+    test.click(list, 5, 4);
+    test.click(list, 5, 4);
+    list.setFocus();
+    test.key(VK_DOWN);
+    list.setSelectedIndex(-1);
+    EXPECT_THROW(list.setSelectedIndex(5), std::out_of_range);
+    EXPECT_THAT(selected, ElementsAre(2, 0, 0, 1, -1));
+}
+
+TEST(ListBox, MultipleSelectionAndTheMouse) {
+    TestForm test;
+    ListBox list(test.args(1, {150, 150, 3000, 3000}), ListBox::Selection::Multiple);
+    for (int i = 0; i < 4; ++i) {
+        list.add(L"Titel");
+        list.setSelected(i, true);
+    }
+    list.setSelected(1, false);
+    EXPECT_TRUE(list.selected(0));
+    EXPECT_FALSE(list.selected(1));
+    std::vector<int> events;
+    list.onPressed = [&](const MouseEvent&) { events.push_back(list.selectedIndex()); };
+    list.onReleased = [&](const MouseEvent&) { events.push_back(100 + list.selectedIndex()); };
+    test.click(list, 5, 4);
+    EXPECT_THAT(events, ElementsAre(0, 100));
+}
+
+TEST(ComboBox, SelectsByCodeAndUser) {
+    TestForm test;
+    ComboBox box(test.args(1, {150, 150, 3000, 420}));
+    for (int i = 0; i < 5; ++i) {
+        box.add(std::to_wstring(i));
+    }
+    std::vector<int> selected;
+    box.onChange = [&] { selected.push_back(box.selectedIndex()); };
+    box.setSelectedIndex(3);
+    box.setSelectedIndex(3);
+    box.setFocus();
+    test.key(VK_DOWN);
+    EXPECT_THROW(box.setSelectedIndex(9), std::out_of_range);
+    EXPECT_THAT(selected, ElementsAre(3, 4));
+    EXPECT_EQ(box.item(4), L"4");
+    RECT outer{};
+    GetWindowRect(box.hwnd(), &outer);
+    // The system adds the frame of its theme, a pixel or two.
+    EXPECT_NEAR(outer.bottom - outer.top, toPixels(420, box.dpi()), 2)
+        << "the closed box is as high as its place";
+}
+
+TEST(Frame, CarriesControlsOnItsCard) {
+    TestForm test;
+    CreateArgs args = test.args(1, {150, 150, 4000, 2000});
+    args.text = L"Set";
+    Frame frame(args);
+    OptionGroup group;
+    CreateArgs inner{.parent = frame, .id = 2, .place = {300, 600, 1500, 400}};
+    OptionButton option(inner, group);
+    int clicks = 0;
+    option.onClick = [&] { ++clicks; };
+    test.click(option);
+    EXPECT_EQ(clicks, 1) << "its notifications arrive";
+    const SIZE size = option.clientSize();
+    EXPECT_EQ(pixelOf(option, size.cx - 2, 2), colorref(theme::kCard));
+    EXPECT_EQ(pixelOf(frame, 0, 0), colorref(theme::kGround)) << "round corners show the form";
+    frame.hide();
+    EXPECT_FALSE(IsWindowVisible(option.hwnd()));
+    EXPECT_TRUE(option.visible());
+}
+
+TEST(Line, IsAStripOfItsColour) {
+    TestForm test;
+    Line line(test.args(1, {150, 150, 3000, 30}), 0x336699);
+    EXPECT_EQ(pixelOf(line, 0, 0), RGB(0x33, 0x66, 0x99));
+    EXPECT_EQ(line.clientSize().cy, toPixels(180, line.dpi()) - toPixels(150, line.dpi()));
+}
+
+}  // namespace
+}  // namespace ui

@@ -1,0 +1,296 @@
+#include "app/option_sets.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "support/app_stage.h"
+
+namespace app {
+namespace {
+
+using support::AppStage;
+using testing::HasSubstr;
+
+std::string narrow(const std::wstring& text) {
+    return {text.begin(), text.end()};
+}
+
+class OptionSetsTest : public testing::Test {
+  protected:
+    void settings(const std::string& content) { stage.program.file(L"Panorell.ini", content); }
+    std::string written() {
+        const auto bytes = support::readBytes(stage.program / L"Panorell.ini");
+        return {bytes.begin(), bytes.end()};
+    }
+    Form1& form() { return stage.form(); }
+    void choose(int index) {
+        stage.click(form().Option1[static_cast<std::size_t>(index)]);
+        stage.previewed();
+    }
+    AppStage stage;
+};
+
+TEST_F(OptionSetsTest, WithoutAFileEverySetHasTheDefaults) {
+    stage.load();
+    for (int i = 0; i < 4; ++i) {
+        form().LoopC.setValue(1);
+        form().ShowFN.setValue(1);
+        form().MUTE.setValue(0);
+        form().Musik.setValue(0);
+        form().Check1.setValue(0);
+        form().IntS.setValue(3);
+        choose(i);
+        EXPECT_EQ(stage.state().CurrentSet, L"Set" + std::to_wstring(i + 1));
+        EXPECT_EQ(form().IntT.text(), L"5");
+        EXPECT_EQ(form().IntS.value(), 56);
+        EXPECT_EQ(form().LoopC.value(), 0);
+        EXPECT_EQ(form().ShowFN.value(), 0);
+        EXPECT_EQ(form().MUTE.value(), 1);
+        EXPECT_EQ(form().Musik.value(), 1);
+        EXPECT_EQ(form().Check1.value(), 1);
+        EXPECT_EQ(form().Drive1.drive(), L"C:");
+        EXPECT_EQ(form().Dir1.path(), L"C:\\");
+        EXPECT_TRUE(form().Option1[static_cast<std::size_t>(i)].selected());
+    }
+}
+
+TEST_F(OptionSetsTest, StoredValuesComeBackExactly) {
+    stage.load(L"S=3 " + stage.pictures.path());
+    form().IntT.setText(L"42");
+    form().LoopC.setValue(1);
+    form().ShowFN.setValue(2);
+    form().MUTE.setValue(0);
+    form().Musik.setValue(2);
+    form().Check1.setValue(0);
+    form().SAVE.click();
+    EXPECT_EQ(stage.system.count("beep"), 1);
+    choose(0);
+    EXPECT_EQ(form().Dir1.path(), L"C:\\");
+    EXPECT_EQ(form().IntT.text(), L"5");
+    choose(2);
+    EXPECT_EQ(form().IntT.text(), L"42");
+    EXPECT_EQ(form().IntS.value(), 19);
+    EXPECT_EQ(form().LoopC.value(), 1);
+    EXPECT_EQ(form().ShowFN.value(), 2);
+    EXPECT_EQ(form().MUTE.value(), 0);
+    EXPECT_EQ(form().Musik.value(), 2);
+    EXPECT_EQ(form().Check1.value(), 0);
+    EXPECT_EQ(form().Dir1.path(), stage.pictures.path());
+}
+
+TEST_F(OptionSetsTest, TheFileHoldsItsKeysInTheirOrder) {
+    stage.load(stage.pictures.path() + L" P=7 D=1 E=1 V=0 M=1");
+    form().SAVE.click();
+    EXPECT_EQ(written(), "[Set1]\r\nDrive=C:\r\nDir=" + narrow(stage.pictures.path()) +
+                             "\r\nDelay=7\r\nLoop=1\r\nDate=1\r\nSound=0\r\nMusic=1\r\nEffekte=1\r\n");
+}
+
+TEST_F(OptionSetsTest, OtherSetsAndKeysOfTheFileStay) {
+    settings("[Set2]\r\nDelay=9\r\n[Prog]\r\nName=C:\\x.exe\r\n[Mine]\r\na=b\r\n");
+    stage.load();
+    form().SAVE.click();
+    const std::string file = written();
+    EXPECT_THAT(file, HasSubstr("[Set2]\r\nDelay=9"));
+    EXPECT_THAT(file, HasSubstr("Name=C:\\x.exe"));
+    EXPECT_THAT(file, HasSubstr("[Mine]\r\na=b"));
+}
+
+TEST_F(OptionSetsTest, ValuesAreReadToTheirLengths) {
+    settings("[Set1]\r\nDelay=100\r\nLoop=12\r\nDrive=C:\\Windows\r\nSound=05\r\n");
+    stage.load();
+    EXPECT_EQ(form().IntT.text(), L"10");
+    EXPECT_EQ(form().IntS.value(), 51);
+    EXPECT_EQ(form().LoopC.value(), 1);
+    EXPECT_EQ(form().MUTE.value(), 0);
+    EXPECT_EQ(form().Drive1.drive(), L"C:");
+}
+
+TEST_F(OptionSetsTest, AFolderIsReadToSeventyNineCharacters) {
+    std::wstring name(79 - stage.pictures.path().size() - 1, L'x');
+    const std::wstring folder = stage.pictures.folder(name);
+    ASSERT_EQ(folder.size(), 79U);
+    settings("[Set1]\r\nDir=" + narrow(folder) + "yyy\r\n");
+    stage.load();
+    EXPECT_EQ(form().Dir1.path(), folder);
+}
+
+TEST_F(OptionSetsTest, UnusableValuesDoNoHarm) {
+    settings("[Set1]\r\nDelay=ab\r\nLoop=x\r\nDate=9\r\nSound=-\r\nMusic=\r\nEffekte=7\r\n");
+    stage.load();
+    EXPECT_EQ(form().IntT.text(), L"ab");
+    EXPECT_EQ(form().IntS.value(), 56);
+    EXPECT_EQ(form().LoopC.value(), 0);
+    EXPECT_EQ(form().ShowFN.value(), 0);
+    EXPECT_EQ(form().MUTE.value(), 1);
+    EXPECT_EQ(form().Musik.value(), 1);
+    EXPECT_EQ(form().Check1.value(), 1);
+    EXPECT_EQ(stage.system.count("tray add"), 1) << "the program has come up";
+}
+
+TEST_F(OptionSetsTest, AMissingDriveOrFolderLeavesTheListsWithoutAMessage) {
+    settings("[Set2]\r\nDrive=Q:\r\nDir=" + narrow(stage.program.path()) +
+             "\r\n[Set3]\r\nDrive=C:\r\nDir=C:\\nowhere\\at\\all\r\n");
+    stage.loadFolder();
+    choose(1);
+    EXPECT_EQ(form().Drive1.drive(), L"C:");
+    EXPECT_EQ(form().Dir1.path(), stage.pictures.path());
+    choose(2);
+    EXPECT_EQ(form().Drive1.drive(), L"C:");
+    EXPECT_EQ(form().Dir1.path(), stage.pictures.path());
+    EXPECT_EQ(stage.state().CurrentSet, L"Set3");
+}
+
+TEST_F(OptionSetsTest, AFileThatCannotBeWrittenDoesNoHarm) {
+    // Nothing can be written where a folder has the name.
+    stage.program.folder(L"Panorell.ini");
+    stage.load();
+    form().IntT.setText(L"33");
+    form().SAVE.click();
+    EXPECT_EQ(form().IntT.text(), L"33");
+    EXPECT_EQ(form().IntS.value(), 28);
+    choose(0);
+    EXPECT_EQ(form().IntT.text(), L"5");
+    EXPECT_NE(GetFileAttributesW((stage.program / L"Panorell.ini").c_str()) & FILE_ATTRIBUTE_DIRECTORY, 0U);
+}
+
+TEST_F(OptionSetsTest, UmlautsOfAFolderComeBack) {
+    const std::wstring folder = stage.pictures.folder(L"Süße Grüße");
+    stage.load(folder);
+    form().SAVE.click();
+    EXPECT_EQ(form().Option1[0].toolTip(), L"Süße Grüße");
+    choose(1);
+    choose(0);
+    EXPECT_EQ(form().Dir1.path(), folder);
+}
+
+TEST_F(OptionSetsTest, ButtonsTellTheirFolders) {
+    settings(
+        "[Set1]\r\nDir=C:\\Bilder\\Urlaub\r\n[Set2]\r\nDir=C:\\Fotos.2003\\Urlaub\r\n"
+        "[Set3]\r\nDir=C:\\Bilder\\Alt.neu\r\n[Set4]\r\nDir=D:\\\r\n");
+    stage.load(L"C:\\");
+    EXPECT_EQ(form().Option1[0].toolTip(), L"Urlaub");
+    EXPECT_EQ(form().Option1[1].toolTip(), L"");
+    EXPECT_EQ(form().Option1[2].toolTip(), L"Alt");
+    EXPECT_EQ(form().Option1[3].toolTip(), L"");
+}
+
+TEST_F(OptionSetsTest, StoringNamesTheButtonOfTheActiveSetAfterItsFolder) {
+    const std::wstring folder = stage.pictures.folder(L"Sommer");
+    stage.load(L"S=4 " + folder);
+    form().SAVE.click();
+    EXPECT_EQ(form().Option1[3].toolTip(), L"Sommer");
+    EXPECT_EQ(form().Option1[0].toolTip(), L"");
+}
+
+TEST_F(OptionSetsTest, ChoosingASetLosesWhatWasNotStored) {
+    stage.load();
+    form().LoopC.setValue(1);
+    choose(1);
+    choose(0);
+    EXPECT_EQ(form().LoopC.value(), 0);
+    EXPECT_FALSE(GetFileAttributesW((stage.program / L"Panorell.ini").c_str()) != INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(OptionSetsTest, ChoosingTheActiveSetLoadsItAgain) {
+    settings("[Set1]\r\nDelay=9\r\n");
+    stage.load();
+    form().IntT.setText(L"20");
+    choose(0);
+    EXPECT_EQ(form().IntT.text(), L"9");
+}
+
+TEST_F(OptionSetsTest, TheMouseChoosesWhenItGoesDownAndTheEmblemTakesTheFocus) {
+    stage.load();
+    SendMessageW(form().Option1[2].hwnd(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(4, 4));
+    EXPECT_EQ(stage.state().CurrentSet, L"Set3");
+    SendMessageW(form().Option1[2].hwnd(), WM_LBUTTONUP, 0, MAKELPARAM(4, 4));
+    EXPECT_EQ(stage.system.count("read Set3/Delay"), 1) << "it is loaded once";
+}
+
+TEST_F(OptionSetsTest, ChoosingSelectsTheFirstFile) {
+    stage.picture(L"a.jpg");
+    stage.picture(L"b.jpg");
+    settings("[Set2]\r\nDir=" + narrow(stage.pictures.path()) + "\r\n");
+    stage.loadFolder(L" L=1");
+    ASSERT_EQ(stage.state().StartIndex, 1);
+    choose(1);
+    EXPECT_EQ(stage.state().StartIndex, 0);
+    EXPECT_EQ(form().File1.selectedIndex(), 0);
+    EXPECT_TRUE(form().Pic2.visible());
+}
+
+TEST_F(OptionSetsTest, AShowRemembersItsFolderUntilASetIsChosen) {
+    stage.picture(L"a.jpg");
+    stage.loadFolder();
+    form().Start.click();
+    EXPECT_EQ(stage.state().rememberedDrive, L"C:");
+    EXPECT_EQ(stage.state().rememberedFolder, stage.pictures.path());
+    form().Option1[1].onChosen();
+    EXPECT_EQ(stage.state().rememberedDrive, L"");
+    EXPECT_EQ(stage.state().rememberedFolder, L"");
+    EXPECT_EQ(form().Dir1.path(), L"C:\\");
+}
+
+// A window that is loaded again after a show comes back to the folder of that show.
+class LoadedAgain : public OptionSetsTest {
+  protected:
+    LoadedAgain() {
+        for (const wchar_t* name : {L"a.jpg", L"b.jpg", L"c.jpg"}) {
+            stage.picture(name);
+        }
+        settings("[Set1]\r\nDir=C:\\Windows\r\n");
+        stage.load(L"C:\\");
+        stage.state().rememberedDrive = L"C:";
+        stage.state().rememberedFolder = stage.pictures.path();
+    }
+    void loadSet() {
+        const platform::ProfileFile file(stage.program / L"Panorell.ini");
+        Form1& f = form();
+        OptionSets({stage.loop,
+                    stage.state(),
+                    file,
+                    f.Drive1,
+                    f.Dir1,
+                    f.File1,
+                    f.IntT,
+                    f.IntS,
+                    f.LoopC,
+                    f.ShowFN,
+                    f.MUTE,
+                    f.Musik,
+                    f.Check1,
+                    f.Pic2,
+                    f.Pic3,
+                    {&f.Option1[0], &f.Option1[1], &f.Option1[2], &f.Option1[3]}})
+            .load();
+        stage.previewed();
+    }
+};
+
+TEST_F(LoadedAgain, ComesBackToTheFolderAndPictureOfTheShow) {
+    stage.state().StartIndex = 2;
+    loadSet();
+    EXPECT_EQ(form().Dir1.path(), stage.pictures.path());
+    EXPECT_EQ(form().File1.selectedIndex(), 2);
+    EXPECT_EQ(stage.state().StartIndex, 2);
+    EXPECT_EQ(stage.state().rememberedFolder, L"") << "once";
+    EXPECT_EQ(stage.state().rememberedDrive, L"");
+}
+
+TEST_F(LoadedAgain, RemembersOnWhenTheFirstPictureIsTheOne) {
+    loadSet();
+    EXPECT_EQ(form().Dir1.path(), stage.pictures.path());
+    EXPECT_EQ(form().File1.selectedIndex(), 0);
+    EXPECT_EQ(stage.state().rememberedFolder, stage.pictures.path());
+}
+
+TEST_F(LoadedAgain, AnIndexBeyondTheListSelectsNothing) {
+    stage.state().StartIndex = 9;
+    loadSet();
+    EXPECT_EQ(form().File1.selectedIndex(), -1);
+}
+
+}  // namespace
+}  // namespace app

@@ -1,0 +1,213 @@
+#include "app/shutdown.h"
+
+#include <gmock/gmock.h>
+
+#include "app/help_text.h"
+#include "platform/clipboard.h"
+#include "support/app_stage.h"
+#include "support/message_boxes.h"
+
+namespace app {
+namespace {
+
+using support::AppStage;
+using testing::ElementsAre;
+
+const auto kMediaEnd = ElementsAre("stop VIDEO", "close VIDEO", "stop AUDIO", "close AUDIO");
+
+class ShutdownTest : public testing::Test {
+  protected:
+    ShutdownTest() {
+        stage.picture(L"a.jpg", 0xC02020);
+        stage.picture(L"b.jpg", 0x20C020);
+        platform::setClipboardText(nullptr, L"vorher");
+    }
+    Form1& form() { return stage.form(); }
+    void load(const std::wstring& parameters = L"") {
+        stage.loadFolder(parameters);
+        stage.control.clear();
+        stage.system.log.clear();
+    }
+    std::wstring command(const std::wstring& parameters) {
+        return stage.program.path() + L"\\Panorell.exe " + stage.pictures.path() + parameters;
+    }
+    void expectClipboardEnd() {
+        EXPECT_THAT(stage.control.commands(), kMediaEnd);
+        EXPECT_EQ(platform::clipboardText(), command(L" P=5 D=0 E=0 V=1 M=1"));
+        EXPECT_THAT(stage.system.log, ElementsAre("tray delete"));
+        EXPECT_TRUE(stage.loop.leaving());
+    }
+    void expectShowEnd() {
+        EXPECT_EQ(platform::clipboardText(), L"vorher");
+        EXPECT_EQ(stage.system.count("tray delete"), 1);
+        EXPECT_TRUE(stage.loop.leaving());
+        EXPECT_FALSE(form().Pic3.visible());
+        EXPECT_FALSE(form().Pic2.autoRedraw());
+        EXPECT_FALSE(form().Pic3.autoRedraw());
+        EXPECT_EQ(stage.showState().showMode, show::kNoShow);
+        EXPECT_FALSE(form().Timer1.enabled());
+        EXPECT_TRUE(stage.system.started.empty());
+    }
+    AppStage stage;
+};
+
+TEST_F(ShutdownTest, TheEndButtonLeavesTheCommandOnTheClipboard) {
+    load();
+    form().ENDE.click();
+    expectClipboardEnd();
+}
+
+TEST_F(ShutdownTest, SoDoesAClickOnTheEmblem) {
+    load();
+    stage.click(form().Pic3);
+    expectClipboardEnd();
+}
+
+TEST_F(ShutdownTest, SoDoesEscape) {
+    load();
+    form().Dir1.setFocus();
+    stage.type(27);
+    expectClipboardEnd();
+}
+
+TEST_F(ShutdownTest, SoDoesClosingTheWindow) {
+    load();
+    SendMessageW(form().hwnd(), WM_CLOSE, 0, 0);
+    expectClipboardEnd();
+}
+
+TEST_F(ShutdownTest, ItsStepsComeInTheirOrder) {
+    load();
+    std::wstring atLastCommand;
+    std::wstring atTray;
+    std::size_t commandsAtTray = 0;
+    stage.control.onSend = [&](const std::string&) {
+        atLastCommand = platform::clipboardText();
+        EXPECT_EQ(stage.system.count("tray delete"), 0);
+    };
+    stage.system.onCall = [&](const std::string&) {
+        atTray = platform::clipboardText();
+        commandsAtTray = stage.control.commands().size();
+        EXPECT_FALSE(stage.loop.leaving());
+    };
+    form().ENDE.click();
+    EXPECT_EQ(atLastCommand, L"vorher");
+    EXPECT_EQ(atTray, command(L" P=5 D=0 E=0 V=1 M=1"));
+    EXPECT_EQ(commandsAtTray, 4U);
+}
+
+TEST_F(ShutdownTest, ItStoresNoSettingsAndNamesNoPicture) {
+    load(L" P=9 S=2 L=1");
+    form().LoopC.setValue(1);
+    form().ENDE.click();
+    EXPECT_EQ(platform::clipboardText(), command(L" P=9 D=0 E=1 V=1 M=1 S=2"));
+    EXPECT_EQ(GetFileAttributesW((stage.program / L"Panorell.ini").c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(ShutdownTest, NoHandlerRunsAfterwards) {
+    load();
+    form().ENDE.click();
+    stage.control.clear();
+    stage.system.log.clear();
+    stage.click(form().LoopC);
+    stage.click(form().Pic3);
+    form().Run.click();
+    form().SAVE.click();
+    stage.activate();
+    stage.loop.advance(20'000);
+    EXPECT_TRUE(stage.control.commands().empty());
+    EXPECT_TRUE(stage.system.log.empty());
+    EXPECT_EQ(stage.showState().showMode, show::kNoShow);
+}
+
+TEST_F(ShutdownTest, EscapeEndsAShow) {
+    load();
+    form().Run.click();
+    stage.control.clear();
+    stage.type(27);
+    EXPECT_THAT(stage.control.commands(), kMediaEnd);
+    expectShowEnd();
+}
+
+TEST_F(ShutdownTest, ClosingTheWindowEndsAShow) {
+    load();
+    form().Run.click();
+    stage.control.clear();
+    SendMessageW(form().hwnd(), WM_CLOSE, 0, 0);
+    EXPECT_THAT(stage.control.commands(), kMediaEnd);
+    expectShowEnd();
+}
+
+TEST_F(ShutdownTest, TheEndButtonOfTheShowEndsIt) {
+    load(L" P=1");
+    form().Run.click();
+    ASSERT_TRUE(stage.until([&] { return form().EOT.visible(); }));
+    stage.loop.advance(2000);
+    ASSERT_FALSE(stage.loop.leaving()) << "the last picture stands until its viewer acts";
+    stage.control.clear();
+    stage.click(form().EOT);
+    EXPECT_THAT(stage.control.commands(), kMediaEnd);
+    expectShowEnd();
+}
+
+TEST_F(ShutdownTest, AClickOnTheSurfaceOfAShowIsNoEnd) {
+    load();
+    form().Start.click();
+    stage.click(form().Pic3);
+    EXPECT_FALSE(stage.loop.leaving());
+}
+
+TEST_F(ShutdownTest, ACharacterAfterTheLastPictureStartsTheProgramAnew) {
+    load(L" P=1 L=1");
+    form().Run.click();
+    ASSERT_TRUE(stage.until([&] { return form().EOT.visible(); }));
+    stage.loop.advance(2000);
+    stage.type(L'x');
+    ASSERT_EQ(stage.system.started.size(), 1U);
+    EXPECT_EQ(stage.system.started[0], command(L" P=1 D=0 E=0 V=1 M=1 L=1"));
+    EXPECT_TRUE(stage.loop.leaving());
+    EXPECT_EQ(platform::clipboardText(), L"vorher");
+    stage.type(L'x');
+    EXPECT_EQ(stage.system.started.size(), 1U);
+}
+
+TEST_F(ShutdownTest, ARestartIsReadBackToTheSameState) {
+    load(L" P=1 D=1 V=0 M=0 S=3 L=1");
+    form().Run.click();
+    ASSERT_TRUE(stage.until([&] { return form().EOT.visible(); }));
+    stage.loop.advance(2000);
+    stage.type(L'x');
+    ASSERT_EQ(stage.system.started.size(), 1U);
+    const Parameters parameters = parseParameters(parametersOfCommandLine(stage.system.started[0]));
+    EXPECT_EQ(parameters.folder, stage.pictures.path());
+    EXPECT_EQ(parameters.startIndex, 1);
+    EXPECT_EQ(parameters.optionIndex, 2);
+    EXPECT_EQ(parameters.pauseText, L"1");
+    EXPECT_EQ(parameters.date, 1);
+    EXPECT_EQ(parameters.videoSound, 0);
+    EXPECT_EQ(parameters.music, 0);
+    EXPECT_FALSE(parameters.runAtOnce);
+}
+
+TEST_F(ShutdownTest, TheEndOfTheSessionTakesTheIconAway) {
+    load();
+    SendMessageW(form().hwnd(), WM_ENDSESSION, TRUE, 0);
+    EXPECT_EQ(stage.system.count("tray delete"), 1);
+}
+
+TEST_F(ShutdownTest, TheHelpBoxShowsTheKeysAndChangesNothing) {
+    load();
+    const support::MessageBoxes boxes;
+    form().Help.click();
+    ASSERT_EQ(boxes.seen().size(), 1U);
+    EXPECT_EQ(boxes.seen()[0].title, L" Panorell");
+    EXPECT_EQ(boxes.seen()[0].text, helpText());
+    EXPECT_TRUE(stage.control.commands().empty());
+    EXPECT_FALSE(stage.loop.leaving());
+    EXPECT_EQ(stage.showState().showMode, show::kNoShow);
+    form().Help.click();
+    EXPECT_EQ(boxes.seen().size(), 2U) << "it can be opened again";
+}
+
+}  // namespace
+}  // namespace app

@@ -1,0 +1,265 @@
+#include "show/slideshow.h"
+
+#include <gmock/gmock.h>
+
+#include "support/show_stage.h"
+
+namespace show {
+namespace {
+
+using support::FakePictures;
+using support::ShowStage;
+
+const std::vector<std::wstring> kThree{L"a1.jpg", L"b2.jpg", L"c3.jpg"};
+
+void writeScript(const ShowStage& stage, const std::string& text) {
+    support::writeBytes(stage.pathOf(L"Panorell.txt"), {text.begin(), text.end()});
+}
+
+TEST(SlideshowStart, ShowsTheSelectedPictureByHand) {
+    ShowStage stage(kThree);
+    stage.File1.setSelectedIndex(1);
+    stage.show.start();
+    EXPECT_EQ(stage.state.showMode, kByHand);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
+    EXPECT_EQ(stage.state.currentPicture, stage.pathOf(L"b2.jpg"));
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"b2.jpg"));
+    EXPECT_TRUE(stage.screen.tookOver);
+    EXPECT_TRUE(stage.screen.arranged);
+    EXPECT_FALSE(stage.screen.movedToSecond);
+    EXPECT_EQ(stage.pointer.pointerHidden(), 1);
+    EXPECT_FALSE(stage.Timer1.enabled());
+    EXPECT_EQ(stage.music.musicFolder, stage.folderPath() + L"\\");
+    stage.loop.advance(60'000);
+    EXPECT_EQ(stage.state.pictureIndex, 1) << "the show waits for a key";
+}
+
+TEST(SlideshowStart, BeginsAtTheFirstWithoutASelection) {
+    ShowStage stage(kThree);
+    stage.show.start();
+    EXPECT_EQ(stage.state.pictureIndex, 0);
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"a1.jpg"));
+}
+
+TEST(SlideshowStart, EmptyListOnlyStopsAVideo) {
+    ShowStage stage({});
+    stage.show.start();
+    EXPECT_EQ(stage.state.showMode, kNoShow);
+    EXPECT_FALSE(stage.screen.tookOver);
+    EXPECT_THAT(stage.control.commands(), testing::ElementsAre("stop VIDEO", "close VIDEO"));
+}
+
+TEST(SlideshowStart, SecondScreenMovesTheWindowFirst) {
+    ShowStage stage(kThree);
+    stage.Screen2.setValue(1);
+    stage.show.start();
+    EXPECT_TRUE(stage.screen.movedToSecond);
+}
+
+TEST(SlideshowStart, FirstPicturesMusicRequestDoesNotAct) {
+    ShowStage stage(kThree);
+    stage.Musik.setValue(1);
+    writeScript(stage, "a1 Titel *M=Lied\r\n");
+    stage.show.start();
+    EXPECT_TRUE(stage.music.musicRequest.empty());
+    EXPECT_TRUE(stage.UT.visible());
+    EXPECT_EQ(stage.UT.text(), L"Titel ");
+}
+
+TEST(SlideshowStart, BlankReplacesTheFirstPicturesPause) {
+    ShowStage stage(kThree);
+    writeScript(stage, "a1 *P=20\r\n");
+    stage.show.start();
+    EXPECT_FALSE(stage.Timer1.enabled());
+    stage.type(L' ');
+    EXPECT_EQ(stage.state.showMode, kAutomatically);
+    EXPECT_EQ(stage.Timer1.interval(), 5000);
+    EXPECT_TRUE(stage.Timer1.enabled());
+}
+
+TEST(SlideshowStep, FollowsTheListWithThePauseOfTheBar) {
+    ShowStage stage(kThree);
+    stage.IntS.setValue(58);
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(2990);
+    EXPECT_EQ(stage.state.pictureIndex, 0);
+    stage.loop.advance(20);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"b2.jpg"));
+    EXPECT_FALSE(stage.Pic3.visible());
+    stage.loop.advance(3000);
+    EXPECT_EQ(stage.state.pictureIndex, 2);
+}
+
+TEST(SlideshowStep, PictureStandsStillForItsPauseAfterALongEffect) {
+    ShowStage stage(kThree);
+    stage.Check1.setValue(1);
+    stage.runner.effectNumber = 4;  // "D": 401 steps
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(5000);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
+    EXPECT_FALSE(stage.runner.running());
+    const double stillFrom = stage.loop.now();
+    while (stage.state.pictureIndex == 1 && stage.loop.now() < stillFrom + 20'000) {
+        stage.loop.advance(10);
+    }
+    // The tick's own transition moves the clock on before the loop above sees the new index.
+    EXPECT_NEAR(stage.loop.now() - stillFrom, 5000 + 4010, 60);
+}
+
+TEST(SlideshowStep, OwnPauseOfAPicture) {
+    ShowStage stage(kThree);
+    writeScript(stage, "b2 *P=2.5\r\n");
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(5001);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
+    EXPECT_EQ(stage.Timer1.interval(), 2500);
+    stage.loop.advance(2500);
+    EXPECT_EQ(stage.state.pictureIndex, 2);
+    EXPECT_EQ(stage.Timer1.interval(), 5000) << "the next one has the global pause again";
+}
+
+TEST(SlideshowStep, PauseOfZeroWaitsForAKey) {
+    ShowStage stage(kThree);
+    writeScript(stage, "b2 *P=0\r\n");
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(60'000);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
+    stage.key(VK_RIGHT);
+    stage.loop.advance(200);
+    EXPECT_EQ(stage.state.pictureIndex, 2);
+}
+
+TEST(SlideshowEnd, KeepsTheLastPictureUnderTheEndButton) {
+    ShowStage stage(kThree);
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(16'500);
+    EXPECT_TRUE(stage.show.atEnd());
+    EXPECT_EQ(stage.state.pictureIndex, 3);
+    EXPECT_TRUE(stage.EOT.visible());
+    EXPECT_FALSE(stage.Timer1.enabled());
+    EXPECT_FALSE(stage.Timer5.enabled());
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"c3.jpg"));
+    stage.key(VK_RIGHT);
+    stage.key(VK_UP);
+    stage.loop.advance(10'000);
+    EXPECT_EQ(stage.state.pictureIndex, 3);
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"c3.jpg"));
+}
+
+TEST(SlideshowEnd, LoopBeginsAgainAfterTheLastPause) {
+    ShowStage stage(kThree);
+    stage.LoopC.setValue(1);
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(15'500);
+    EXPECT_EQ(stage.state.pictureIndex, 0);
+    EXPECT_FALSE(stage.EOT.visible());
+    stage.loop.advance(60'000);
+    EXPECT_FALSE(stage.show.atEnd());
+}
+
+TEST(SlideshowEnd, LeftGoesBackIntoTheShow) {
+    ShowStage stage(kThree);
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(16'500);
+    stage.key(VK_LEFT);
+    EXPECT_FALSE(stage.EOT.visible());
+    stage.loop.advance(200);
+    EXPECT_EQ(stage.state.pictureIndex, 2);
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"c3.jpg"));
+}
+
+TEST(SlideshowEnd, MusicFadesOutAndLeftStopsTheFade) {
+    ShowStage stage({L"a1.jpg"});
+    stage.music.musicList = {L"01 Lied.mp3"};
+    stage.Musik.setValue(1);
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(5001);
+    EXPECT_EQ(stage.control.commands().back(), "setaudio AUDIO volume to 0");
+    EXPECT_TRUE(stage.show.atEnd());
+
+    ShowStage* const before = &stage;
+    before->key(VK_LEFT);
+    EXPECT_EQ(stage.control.commands().back(), "setaudio AUDIO volume to 200");
+    EXPECT_TRUE(stage.Timer5.enabled());
+}
+
+TEST(SlideshowDamage, UnloadablePictureIsPassedOver) {
+    ShowStage stage(kThree);
+    stage.pictures.damaged = {L"b2.jpg"};
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(5050);
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"a1.jpg")) << "the picture before stays meanwhile";
+    stage.loop.advance(150);
+    EXPECT_EQ(stage.state.pictureIndex, 2);
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"c3.jpg"));
+    EXPECT_EQ(stage.Timer1.interval(), 5000);
+}
+
+TEST(SlideshowDamage, IsPassedOverBackwardsToo) {
+    ShowStage stage(kThree);
+    stage.pictures.damaged = {L"b2.jpg"};
+    stage.File1.setSelectedIndex(2);
+    stage.show.start();
+    stage.key(VK_LEFT);
+    stage.loop.advance(500);
+    EXPECT_EQ(stage.state.pictureIndex, 0);
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"a1.jpg"));
+}
+
+TEST(SlideshowDamage, ShowOfDamagedPicturesOnlyReachesItsEnd) {
+    ShowStage stage(kThree);
+    stage.pictures.damaged = {L"a1.jpg", L"b2.jpg", L"c3.jpg"};
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(5000);
+    EXPECT_TRUE(stage.show.atEnd());
+    EXPECT_TRUE(stage.EOT.visible());
+}
+
+TEST(SlideshowPause, DownShowsTheNextAskedForAndWaits) {
+    ShowStage stage(kThree);
+    writeScript(stage, "b2 *P=1\r\n");
+    stage.show.start();
+    stage.type(L' ');
+    stage.key(VK_DOWN);
+    EXPECT_FALSE(stage.Timer1.enabled());
+    EXPECT_EQ(stage.state.pausedFlag, 1);
+    stage.key(VK_RIGHT);
+    stage.loop.advance(30'000);
+    EXPECT_EQ(stage.state.pictureIndex, 1) << "its own pause does not set a paused show going";
+    stage.key(VK_UP);
+    stage.loop.advance(200);
+    EXPECT_EQ(stage.state.pictureIndex, 2);
+    EXPECT_EQ(stage.state.pausedFlag, 0);
+    EXPECT_TRUE(stage.Timer1.enabled());
+}
+
+TEST(SlideshowAhead, NeighboursAreDecodedInOrderOfNeed) {
+    ShowStage stage({L"a.jpg", L"b.jpg", L"c.mpg", L"d.jpg"});
+    stage.File1.setSelectedIndex(1);
+    stage.show.start();
+    EXPECT_THAT(stage.pictures.prepared,
+                testing::ElementsAre(stage.pathOf(L"d.jpg"), stage.pathOf(L"a.jpg")));
+}
+
+TEST(SlideshowAhead, LoopPreparesItsBeginning) {
+    ShowStage stage(kThree);
+    stage.LoopC.setValue(1);
+    stage.File1.setSelectedIndex(2);
+    stage.show.start();
+    EXPECT_THAT(stage.pictures.prepared,
+                testing::ElementsAre(stage.pathOf(L"a1.jpg"), stage.pathOf(L"b2.jpg")));
+}
+
+}  // namespace
+}  // namespace show
