@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace bench {
+
+/// A JPEG file of that many megapixels in the shape 3:2 (24 megapixels are 6000 x 4000), as detailed and as
+/// large as a camera's: about half a byte a pixel. Made on first use; lives in temporaryFolder().
+std::wstring photograph(int megapixels);
+
+/// The colours 0x00RRGGBB of the marks in a markedFolder(), in turn.
+inline constexpr std::uint32_t kMarks[] = {0xFF00FF, 0x00FFFF, 0xFFFF00};
+inline constexpr int kMarkCount = 3;
+
+/// A folder of `count` photographs of 24 megapixels whose left eighth is a mark of one colour, so that the
+/// screen tells them apart: the first has kMarks[0], the next kMarks[1] and so on in turn. Made on first use;
+/// lives in temporaryFolder(). No backslash at its end.
+std::wstring markedFolder(int count);
+
+}  // namespace bench
