@@ -68,12 +68,14 @@ void MediaGraph::embed(HWND parent) {
     });
 }
 
-void MediaGraph::cue(Ticks position) {
+void MediaGraph::jump(Ticks position) {
     // Only a graph that is stopped takes a new position safely: seeking in a halt may never come to an end.
     control_->Stop();
-    if (position != 0 || clock_.streamTime(0) != 0) {
-        seeking_->SetPositions(&position, AM_SEEKING_AbsolutePositioning, nullptr, AM_SEEKING_NoPositioning);
-    }
+    seeking_->SetPositions(&position, AM_SEEKING_AbsolutePositioning, nullptr, AM_SEEKING_NoPositioning);
+    cue(position);
+}
+
+void MediaGraph::cue(Ticks position) {
     if (parts_.frames) {
         parts_.frames->clear();
     }
@@ -105,7 +107,10 @@ void MediaGraph::run() {
 
 void MediaGraph::play(std::optional<int> from) {
     if (from) {
-        cue(std::min<Ticks>(*from * kTicksPerMillisecond, length_));
+        const Ticks position = std::min<Ticks>(*from * kTicksPerMillisecond, length_);
+        if (!clock_.untouchedAt(position)) {
+            jump(position);
+        }
     }
     if (!atEnd()) {
         run();
@@ -155,7 +160,8 @@ int MediaGraph::length() const {
 }
 
 int MediaGraph::position() const {
-    return static_cast<int>(clock_.position(now(), length_) / kTicksPerMillisecond);
+    // The end is the length as it is told, which is rounded up.
+    return atEnd() ? length() : static_cast<int>(clock_.position(now(), length_) / kTicksPerMillisecond);
 }
 
 MediaGraph::Mode MediaGraph::mode() const {

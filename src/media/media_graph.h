@@ -29,7 +29,8 @@ class MediaGraph {
     MediaGraph(const MediaGraph&) = delete;
     MediaGraph& operator=(const MediaGraph&) = delete;
 
-    /// Plays from `from` milliseconds on, or from where it stands; at the end it stays there.
+    /// Plays from `from` milliseconds on, or from where it stands; at the end it stays there. In the middle
+    /// of a program stream the pictures may begin earlier, with one that can be decoded alone.
     void play(std::optional<int> from);
     /// Stands still; play() goes on.
     void pause();
@@ -46,7 +47,7 @@ class MediaGraph {
 
     /// In milliseconds, rounded up.
     int length() const;
-    /// In milliseconds from the first frame on.
+    /// In milliseconds from the first frame on; length() at the end.
     int position() const;
     Mode mode() const;
 
@@ -58,7 +59,9 @@ class MediaGraph {
 
   private:
     void embed(HWND parent);
+    /// Brings the stopped graph's next frame up, which is the one at `position`.
     void cue(Ticks position);
+    void jump(Ticks position);
     void measure();
     void run();
     void applyVolume();

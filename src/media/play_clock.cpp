@@ -9,12 +9,14 @@ void PlayClock::cue(Ticks position, Ticks lead) {
     lead_ = lead;
     streamTime_ = lead;
     moving_ = false;
+    untouched_ = true;
 }
 
 Ticks PlayClock::start(Ticks now) {
     if (!moving_) {
         origin_ = now - streamTime_;
         moving_ = true;
+        untouched_ = false;
     }
     return origin_;
 }

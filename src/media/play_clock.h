@@ -28,6 +28,9 @@ class PlayClock {
 
     bool moving() const { return moving_; }
 
+    /// Whether the film was cued at `position` and has not moved since: playing from there needs no jump.
+    bool untouchedAt(Ticks position) const { return untouched_ && cued_ == position; }
+
     /// The time stamp that is due at clock time `now`.
     Ticks streamTime(Ticks now) const;
 
@@ -40,6 +43,7 @@ class PlayClock {
     Ticks streamTime_ = 0;  // while standing
     Ticks origin_ = 0;      // clock time of time stamp 0, while moving
     bool moving_ = false;
+    bool untouched_ = false;
 };
 
 }  // namespace media

@@ -58,6 +58,25 @@ TEST(PlayClock, CountsFromWhereItWasCued) {
     EXPECT_EQ(clock.position(kNow + kSecond, kLength), 3 * kSecond);
 }
 
+TEST(PlayClock, IsUntouchedUntilItMoves) {
+    PlayClock clock;
+    EXPECT_FALSE(clock.untouchedAt(0)) << "nothing is cued yet";
+    for (const Ticks lead : {Ticks{0}, kLead}) {
+        clock.cue(0, lead);
+        EXPECT_TRUE(clock.untouchedAt(0));
+        EXPECT_FALSE(clock.untouchedAt(kSecond));
+        clock.halt(kNow);
+        EXPECT_TRUE(clock.untouchedAt(0)) << "a halt of a standing film moves nothing";
+        clock.start(kNow);
+        EXPECT_FALSE(clock.untouchedAt(0));
+        clock.halt(kNow);
+        EXPECT_FALSE(clock.untouchedAt(0)) << "the graph has run";
+    }
+    clock.cue(kSecond, 0);
+    EXPECT_TRUE(clock.untouchedAt(kSecond));
+    EXPECT_FALSE(clock.untouchedAt(0));
+}
+
 TEST(PlayClock, StaysWithinTheFilm) {
     PlayClock clock;
     clock.cue(0, kLead);
