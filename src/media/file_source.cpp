@@ -1,12 +1,13 @@
 #include "media/file_source.h"
 
-#include <atomic>
 #include <condition_variable>
 #include <cstring>
 #include <deque>
 #include <mutex>
 #include <new>
 #include <utility>
+
+#include "media/counted.h"
 
 namespace media {
 
@@ -29,109 +30,28 @@ AM_MEDIA_TYPE streamType() {
     return type;
 }
 
-/// Counts references for a heap object that implements one interface.
-template <typename Interface>
-class Counted : public Interface {
-  public:
-    virtual ~Counted() = default;
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-        if (object == nullptr) {
-            return E_POINTER;
+/// The one type that the pin has, for the caller to free; null without memory.
+struct StreamTypeSource {
+    AM_MEDIA_TYPE* operator()() const {
+        auto* type = static_cast<AM_MEDIA_TYPE*>(CoTaskMemAlloc(sizeof(AM_MEDIA_TYPE)));
+        if (type != nullptr) {
+            *type = streamType();
         }
-        if (id != IID_IUnknown && id != __uuidof(Interface)) {
-            *object = nullptr;
-            return E_NOINTERFACE;
-        }
-        *object = static_cast<Interface*>(this);
-        AddRef();
-        return S_OK;
+        return type;
     }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-    STDMETHODIMP_(ULONG) Release() override {
-        const ULONG left = --references_;
-        if (left == 0) {
-            delete this;
-        }
-        return left;
-    }
-
-  private:
-    std::atomic<ULONG> references_{1};
 };
 
-/// Gives out the one type that the pin has.
-class OneType : public Counted<IEnumMediaTypes> {
-  public:
-    explicit OneType(bool given) : given_(given) {}
-    STDMETHODIMP Next(ULONG wanted, AM_MEDIA_TYPE** types, ULONG* fetched) override {
-        ULONG count = 0;
-        if (wanted > 0 && !given_) {
-            types[0] = static_cast<AM_MEDIA_TYPE*>(CoTaskMemAlloc(sizeof(AM_MEDIA_TYPE)));
-            if (types[0] == nullptr) {
-                return E_OUTOFMEMORY;
-            }
-            *types[0] = streamType();
-            given_ = true;
-            count = 1;
-        }
-        if (fetched != nullptr) {
-            *fetched = count;
-        }
-        return count == wanted ? S_OK : S_FALSE;
+/// The filter's one pin, counted for the caller.
+struct PinSource {
+    ComPtr<IPin> pin;
+    IPin* operator()() const {
+        pin->AddRef();
+        return pin.get();
     }
-    STDMETHODIMP Skip(ULONG count) override {
-        const bool enough = count <= (given_ ? 0u : 1u);
-        given_ = given_ || count > 0;
-        return enough ? S_OK : S_FALSE;
-    }
-    STDMETHODIMP Reset() override {
-        given_ = false;
-        return S_OK;
-    }
-    STDMETHODIMP Clone(IEnumMediaTypes** copy) override {
-        *copy = new (std::nothrow) OneType(given_);
-        return *copy != nullptr ? S_OK : E_OUTOFMEMORY;
-    }
-
-  private:
-    bool given_;
 };
 
-/// Gives out the filter's one pin.
-class OnePin : public Counted<IEnumPins> {
-  public:
-    OnePin(ComPtr<IPin> pin, bool given) : pin_(std::move(pin)), given_(given) {}
-    STDMETHODIMP Next(ULONG wanted, IPin** pins, ULONG* fetched) override {
-        ULONG count = 0;
-        if (wanted > 0 && !given_) {
-            pins[0] = pin_.get();
-            pins[0]->AddRef();
-            given_ = true;
-            count = 1;
-        }
-        if (fetched != nullptr) {
-            *fetched = count;
-        }
-        return count == wanted ? S_OK : S_FALSE;
-    }
-    STDMETHODIMP Skip(ULONG count) override {
-        const bool enough = count <= (given_ ? 0u : 1u);
-        given_ = given_ || count > 0;
-        return enough ? S_OK : S_FALSE;
-    }
-    STDMETHODIMP Reset() override {
-        given_ = false;
-        return S_OK;
-    }
-    STDMETHODIMP Clone(IEnumPins** copy) override {
-        *copy = new (std::nothrow) OnePin(pin_, given_);
-        return *copy != nullptr ? S_OK : E_OUTOFMEMORY;
-    }
-
-  private:
-    ComPtr<IPin> pin_;
-    bool given_;
-};
+using OneType = OneOf<IEnumMediaTypes, AM_MEDIA_TYPE, StreamTypeSource>;
+using OnePin = OneOf<IEnumPins, IPin, PinSource>;
 
 /// The output pin. It is a part of its filter and lives and dies with it.
 class SourcePin : public IPin, public IAsyncReader {
@@ -216,7 +136,7 @@ class SourcePin : public IPin, public IAsyncReader {
         return type->majortype == MEDIATYPE_Stream && type->subtype == GUID_NULL ? S_OK : S_FALSE;
     }
     STDMETHODIMP EnumMediaTypes(IEnumMediaTypes** types) override {
-        *types = new (std::nothrow) OneType(false);
+        *types = new (std::nothrow) OneType(StreamTypeSource{});
         return *types != nullptr ? S_OK : E_OUTOFMEMORY;
     }
     STDMETHODIMP QueryInternalConnections(IPin**, ULONG*) override { return E_NOTIMPL; }
@@ -370,7 +290,7 @@ class FileSource : public Counted<IBaseFilter> {
         return S_OK;
     }
     STDMETHODIMP EnumPins(IEnumPins** pins) override {
-        *pins = new (std::nothrow) OnePin(ComPtr<IPin>(&pin_), false);
+        *pins = new (std::nothrow) OnePin(PinSource{ComPtr<IPin>(&pin_)});
         return *pins != nullptr ? S_OK : E_OUTOFMEMORY;
     }
     STDMETHODIMP FindPin(LPCWSTR id, IPin** pin) override {

@@ -50,31 +50,6 @@ bool FrameKeeper::paint(HDC dc, Ticks now) const {
                              DIB_RGB_COLORS) != 0;
 }
 
-STDMETHODIMP FrameKeeper::QueryInterface(REFIID id, void** object) {
-    if (object == nullptr) {
-        return E_POINTER;
-    }
-    if (id != IID_IUnknown && id != IID_ISampleGrabberCB) {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    *object = static_cast<ISampleGrabberCB*>(this);
-    AddRef();
-    return S_OK;
-}
-
-STDMETHODIMP_(ULONG) FrameKeeper::AddRef() {
-    return ++references_;
-}
-
-STDMETHODIMP_(ULONG) FrameKeeper::Release() {
-    const ULONG left = --references_;
-    if (left == 0) {
-        delete this;
-    }
-    return left;
-}
-
 STDMETHODIMP FrameKeeper::SampleCB(double, IMediaSample* sample) {
     BYTE* pixels = nullptr;
     if (FAILED(sample->GetPointer(&pixels)) ||

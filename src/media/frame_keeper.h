@@ -5,24 +5,23 @@
 #include <dshow.h>
 #include <qedit.h>
 
-#include <atomic>
 #include <cstdint>
 #include <mutex>
 #include <optional>
 #include <utility>
 #include <vector>
 
+#include "media/counted.h"
 #include "media/play_clock.h"
 
 namespace media {
 
 /// Keeps the last frames that passed a sample grabber, so that the one on view can be painted at any
 /// moment: while the film runs, after its end and in a halt.
-class FrameKeeper : public ISampleGrabberCB {
+class FrameKeeper : public Counted<ISampleGrabberCB> {
   public:
     /// `format` describes the frames: 24 or 32 bits a pixel, not compressed.
     explicit FrameKeeper(const BITMAPINFOHEADER& format);
-    virtual ~FrameKeeper() = default;
 
     static bool canPaint(const BITMAPINFOHEADER& format);
 
@@ -42,9 +41,6 @@ class FrameKeeper : public ISampleGrabberCB {
     /// has come yet. Frames pass a little before they are due, so the one before the last may be on view.
     bool paint(HDC dc, Ticks now) const;
 
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override;
-    STDMETHODIMP_(ULONG) AddRef() override;
-    STDMETHODIMP_(ULONG) Release() override;
     STDMETHODIMP SampleCB(double time, IMediaSample* sample) override;
     STDMETHODIMP BufferCB(double time, BYTE* bytes, LONG length) override;
 
@@ -55,7 +51,6 @@ class FrameKeeper : public ISampleGrabberCB {
         bool empty = true;
     };
 
-    std::atomic<ULONG> references_{1};
     BITMAPINFOHEADER format_;
     std::size_t frameSize_;
     mutable std::mutex mutex_;
