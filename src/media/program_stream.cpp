@@ -248,7 +248,9 @@ std::optional<ProgramStream> readProgramStream(Bytes head, Bytes tail) {
     ProgramStream stream{first.mpeg2, first.id, *first.firstClock, 0, 0, *end};
     stream.firstStamp = since(first.stamps.front().value, *first.firstClock);
     stream.lastClock = since(last.lastClock, *first.firstClock);
-    if (stream.end <= stream.firstStamp) {
+    // Stamps tell their order over half of their circle only; a longer film is a damaged one.
+    const bool tellable = stream.end < kWrap / 2 && stream.end - stream.firstStamp < kWrap / 2;
+    if (stream.end <= stream.firstStamp || !tellable) {
         return {};
     }
     return stream;

@@ -28,7 +28,8 @@ struct ProgramStream {
 inline constexpr std::size_t kProgramStreamWindow = 512 * 1024;
 
 /// Reads `head` (the file's first bytes) and `tail` (its last ones; the whole file may be both).
-/// Nothing if it is no program stream with video in it, or too damaged to tell where it ends.
+/// Nothing if it is no program stream with video in it, too damaged to tell where it ends, or as it seems
+/// longer than half of the circle of time stamps (13 hours).
 std::optional<ProgramStream> readProgramStream(std::span<const std::uint8_t> head,
                                                std::span<const std::uint8_t> tail);
 

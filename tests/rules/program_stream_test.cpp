@@ -219,6 +219,31 @@ TEST(ProgramStream, OtherFilesAreNone) {
     EXPECT_EQ(read(behind.bytes()), std::nullopt) << "does not begin with a pack";
 }
 
+// Each group stands for a thousand pictures that are missing; a packet holds many groups.
+TEST(ProgramStream, AFilmOfDaysIsDamaged) {
+    struct Case {
+        int groups;
+        bool whole;
+    };
+    for (const Case& one : {Case{1160, true}, Case{1180, false}, Case{2500, false}, Case{4000, false}}) {
+        Bytes pictures = sequence();
+        for (int i = 0; i < one.groups; ++i) {
+            const Bytes next = picture(1023) + group();
+            pictures.insert(pictures.end(), next.begin(), next.end());
+        }
+        Writer writer(false);
+        writer.pack(0).packet(0xE0, 1023 * kFrame, pictures);
+        EXPECT_EQ(read(writer.bytes()).has_value(), one.whole) << one.groups;
+    }
+    for (const std::int64_t clock : {std::int64_t{0}, kWrap / 2 + 10 * kFrame}) {
+        Writer writer(false);
+        writer.pack(clock).packet(0xE0, clock + kWrap / 2 - 2 * kFrame, sequence() + group() + picture(0));
+        EXPECT_TRUE(read(writer.bytes()).has_value()) << clock;
+        writer.packet(0xE0, -1, picture(1));
+        EXPECT_EQ(read(writer.bytes()), std::nullopt) << "past half of the circle from " << clock;
+    }
+}
+
 // Whatever is cut off or overwritten, reading stays inside the bytes (the sanitizers watch) and ends.
 TEST(ProgramStream, DamageIsNoDanger) {
     for (const bool mpeg2 : {false, true}) {
