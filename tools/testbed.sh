@@ -57,7 +57,7 @@ testbedStart() {
     testbedScreen "$size" || return
     testbedSound || return
     useWine "$name" || return
-    preparePrefix || return
+    preparePrefix tools/testbed.reg || return
     testbedServer=1
     wineserver -p 9>&- >/dev/null 2>&1 || true
 }

@@ -58,10 +58,11 @@ wineAnswers() {
     [ "$status" -eq 7 ]
 }
 
-# preparePrefix: makes the prefix, once; a prefix that is broken or of another version is made anew.
+# preparePrefix [REGFILE...]: makes the prefix, once, with tools/wine.reg and the given settings; a prefix that is
+# broken or of another version is made anew.
 preparePrefix() {
-    local stamp=$WINEPREFIX/prepared want
-    want="$(wineserver --version 2>&1) $(cksum <tools/wine.reg)"
+    local stamp=$WINEPREFIX/prepared settings=(tools/wine.reg "$@") want file
+    want="$(wineserver --version 2>&1) $(cat "${settings[@]}" | cksum)"
     if [ -f "$stamp" ] && [ "$(cat "$stamp")" = "$want" ] && wineAnswers; then
         return
     fi
@@ -70,7 +71,9 @@ preparePrefix() {
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"
     quietWine 180 wineboot -i || true
-    quietWine 60 regedit tools/wine.reg || true
+    for file in "${settings[@]}"; do
+        quietWine 60 regedit "$file" || true
+    done
     if ! wineAnswers; then
         echo "Wine does not start a program in its new prefix" >&2
         return 1

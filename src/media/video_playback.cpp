@@ -6,7 +6,6 @@
 #include <sstream>
 #include <utility>
 
-#include "media/fade_rule.h"
 #include "platform/short_path.h"
 #include "platform/text_number.h"
 
@@ -16,6 +15,8 @@ namespace {
 
 constexpr int kFadeBeforeEndMs = 2000;
 constexpr int kMsPerSecond = 1000;
+/// A volume that no step of a ramp sends.
+constexpr int kNoMusic = -1;
 
 template <typename Handle>
 std::string decimal(Handle handle) {
@@ -125,33 +126,24 @@ void VideoPlayback::CaptureLastFrameAndClose() {
     parts_.Pic1.drop();
 }
 
-void VideoPlayback::RampToVideo() {
+void VideoPlayback::ramp(RampStep (*stepOf)(int, int), int musicVolume, int pauseMs) {
+    const double start = parts_.loop.now();
     for (int i = 0; i < kRampSteps; ++i) {
-        const RampStep step = rampToVideoStep(i, parts_.music.musicVolume);
+        const RampStep step = stepOf(i, musicVolume);
         parts_.control.send(videoVolumeCommand(step.video));
         if (step.music) {
             parts_.control.send(musicVolumeCommand(*step.music));
         }
-        parts_.loop.sleep(kRampToVideoPauseMs);
+        parts_.loop.sleepUntil(start + (i + 1.0) * pauseMs);
     }
+}
+
+void VideoPlayback::RampToVideo() {
+    ramp(rampToVideoStep, parts_.music.musicVolume, kRampToVideoPauseMs);
 }
 
 void VideoPlayback::RampToMusic() {
-    for (int i = 0; i < kRampSteps; ++i) {
-        const RampStep step = rampToMusicStep(i, parts_.music.musicVolume);
-        parts_.control.send(videoVolumeCommand(step.video));
-        if (step.music) {
-            parts_.control.send(musicVolumeCommand(*step.music));
-        }
-        parts_.loop.sleep(kRampToMusicPauseMs);
-    }
-}
-
-void VideoPlayback::fadeVideoIn() {
-    for (int i = 0; i < kRampSteps; ++i) {
-        parts_.control.send(videoVolumeCommand(rampToVideoStep(i, 0).video));
-        parts_.loop.sleep(kRampToVideoPauseMs);
-    }
+    ramp(rampToMusicStep, parts_.music.musicVolume, kRampToMusicPauseMs);
 }
 
 void VideoPlayback::pause() {
@@ -176,7 +168,7 @@ void VideoPlayback::resume() {
     parts_.Timer1.restart();
     armFade(armedMs_);
     if (parts_.MUTE.value() == 1) {
-        fadeVideoIn();
+        ramp(rampToVideoStep, kNoMusic, kRampToVideoPauseMs);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "media/fade_rule.h"
 #include "media/media_control.h"
 #include "media/music_state.h"
 #include "show/show_state.h"
@@ -50,8 +51,6 @@ class VideoPlayback {
     /// Cross-fades of 501 steps; the window thread does nothing else meanwhile. Throw Leaving.
     void RampToVideo();
     void RampToMusic();
-    /// The video's sound alone rises, as after a pause.
-    void fadeVideoIn();
 
     /// Halts an open video and remembers how much of it is left.
     void pause();
@@ -63,6 +62,7 @@ class VideoPlayback {
 
   private:
     void fadeToMusicOnce();
+    void ramp(RampStep (*stepOf)(int step, int musicVolume), int musicVolume, int pauseMs);
 
     Parts parts_;
     bool paused_ = false;

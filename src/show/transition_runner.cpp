@@ -44,7 +44,8 @@ void TransitionRunner::run(const std::function<void()>& chosen) {
     if (plan.paced) {
         parts_.Timer2.restart();
     }
-    if (plan.family == EffectFamily::Overlay) {
+    if (plan.family == EffectFamily::Overlay && plan.paced) {
+        // A single step covers the whole surface, and finish() does the same with half the painting.
         runOverlay(plan, width, height);
     } else if (plan.family == EffectFamily::Copy) {
         runCopies(plan, width, height);

@@ -75,6 +75,13 @@ void EventLoop::sleep(int ms) {
     }
 }
 
+void EventLoop::sleepUntil(double due) {
+    checkLeaving();
+    if (const double left = due - now(); left > 0) {
+        blockFor(left);
+    }
+}
+
 void EventLoop::run() {
     try {
         for (;;) {

@@ -35,6 +35,9 @@ class EventLoop {
     void waitEvents();
     /// Blocks for `ms` milliseconds; nothing runs meanwhile. Throws Leaving.
     void sleep(int ms);
+    /// Blocks until the clock of now() reaches `due`, not at all when it is past; nothing runs meanwhile. A row
+    /// of steps that waits so keeps its length, however long each step's own work takes. Throws Leaving.
+    void sleepUntil(double due);
     /// The outermost loop: waits for events until the program is left.
     void run();
 
@@ -70,8 +73,8 @@ class EventLoop {
     virtual bool dispatchOne();
     /// Blocks until a message arrives or the clock reaches `due` (ms; negative: no timer is running).
     virtual void block(double due) = 0;
-    /// Blocks for `ms` whatever arrives.
-    virtual void blockFor(int ms) = 0;
+    /// Blocks for `ms` (above 0) whatever arrives.
+    virtual void blockFor(double ms) = 0;
     /// A timer was started, stopped or changed.
     virtual void timersChanged() {}
 

@@ -85,14 +85,14 @@ void WindowsLoop::block(double due) {
     MsgWaitForMultipleObjectsEx(objects, &waitable, timeout, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
 }
 
-void WindowsLoop::blockFor(int ms) {
+void WindowsLoop::blockFor(double ms) {
     const HANDLE waitable = waitable_.get();
     LARGE_INTEGER relative{};
     relative.QuadPart = -static_cast<LONGLONG>(ms * kHundredNanosecondsPerMs);
     if (waitable != nullptr && SetWaitableTimer(waitable, &relative, 0, nullptr, nullptr, FALSE) != FALSE) {
         WaitForSingleObject(waitable, static_cast<DWORD>(ms) + 1000);
     } else {
-        Sleep(static_cast<DWORD>(ms));
+        Sleep(static_cast<DWORD>(std::ceil(ms)));
     }
 }
 

@@ -20,7 +20,7 @@ class WindowsLoop : public EventLoop {
 
   protected:
     void block(double due) override;
-    void blockFor(int ms) override;
+    void blockFor(double ms) override;
     void timersChanged() override;
 
   private:

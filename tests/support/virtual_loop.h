@@ -72,7 +72,7 @@ class VirtualLoop : public ui::EventLoop {
         idle_ = 0;
         now_ = std::max(now_, due);
     }
-    void blockFor(int ms) override {
+    void blockFor(double ms) override {
         now_ += ms;
         slept_ += ms;
     }
