@@ -38,9 +38,9 @@ void Preview::load(const std::wstring& path, int width, int height) {
     wanted_ = path;
     width_ = width;
     height_ = height;
-    if (job_ == nullptr) {
-        begin();
-    }
+    // Begun by the next tick: a show that starts at once cancels the wish, and its own decode has the machine
+    // to itself.
+    poll_.setEnabled(true);
 }
 
 void Preview::cancel() {
@@ -64,24 +64,27 @@ void Preview::begin() {
         }
         job->done = true;
     });
-    poll_.setEnabled(true);
 }
 
 void Preview::poll() {
+    if (job_ == nullptr) {
+        if (wanted_.empty()) {
+            poll_.setEnabled(false);
+        } else {
+            begin();
+        }
+        return;
+    }
     if (!job_->done) {
         return;
     }
-    poll_.setEnabled(false);
     worker_.join();
     const std::shared_ptr<Job> job = std::exchange(job_, nullptr);
-    if (wanted_.empty()) {
-        return;
-    }
     if (wanted_ != job->path) {
-        begin();
         return;
     }
     wanted_.clear();
+    poll_.setEnabled(false);
     onLoaded(std::move(job->picture));
 }
 

@@ -35,8 +35,8 @@ class EventLoop {
     void waitEvents();
     /// Blocks for `ms` milliseconds; nothing runs meanwhile. Throws Leaving.
     void sleep(int ms);
-    /// Blocks until the clock of now() reaches `due`, not at all when it is past; nothing runs meanwhile. A row
-    /// of steps that waits so keeps its length, however long each step's own work takes. Throws Leaving.
+    /// Blocks until the clock of now() reaches `due`, not at all when it is past; nothing runs meanwhile. A
+    /// row of steps that waits so keeps its length, however long each step's own work takes. Throws Leaving.
     void sleepUntil(double due);
     /// The outermost loop: waits for events until the program is left.
     void run();
