@@ -9,6 +9,7 @@
 #include "platform/error.h"
 #include "script/script_file.h"
 #include "script/show_script.h"
+#include "support/many_files.h"
 #include "support/picture_writer.h"
 #include "ui/file_list.h"
 #include "ui/form.h"
@@ -18,15 +19,15 @@ namespace bench {
 
 namespace {
 
-constexpr int kMany = 10'000;
+constexpr int kLines = 10'000;
 
 std::wstring scriptFolder() {
     const std::wstring folder = temporaryFolder() + L"\\script";
     if (!std::filesystem::exists(folder)) {
         std::filesystem::create_directory(folder);
         std::string text;
-        for (int i = 0; i < kMany; ++i) {
-            text += "IMG_" + std::to_string(kMany + i) + " Ein Titel wie viele andere *P=7 *E=C *M=\r\n";
+        for (int i = 0; i < kLines; ++i) {
+            text += "IMG_" + std::to_string(kLines + i) + " Ein Titel wie viele andere *P=7 *E=C *M=\r\n";
         }
         support::writeBytes(folder + L"\\" + script::kScriptFile, {text.begin(), text.end()});
     }
@@ -35,7 +36,7 @@ std::wstring scriptFolder() {
 
 double lookUp() {
     const std::wstring folder = scriptFolder();
-    const std::wstring key = L"IMG_" + std::to_wstring(kMany + kMany / 2);
+    const std::wstring key = L"IMG_" + std::to_wstring(kLines + kLines / 2);
     script::Entry entry;
     const double time = milliseconds([&] {
         const auto text = script::readScriptFile(folder);
@@ -47,21 +48,8 @@ double lookUp() {
     return time;
 }
 
-std::wstring manyFiles() {
-    const std::wstring folder = temporaryFolder() + L"\\many";
-    if (!std::filesystem::exists(folder)) {
-        std::filesystem::create_directory(folder);
-        for (int i = 0; i < kMany; ++i) {
-            // One in a hundred is music.
-            const wchar_t* extension = i % 100 == 99 ? L".mp3" : L".jpg";
-            support::writeBytes(folder + L"\\IMG_" + std::to_wstring(i) + extension, {});
-        }
-    }
-    return folder;
-}
-
 double fillLists() {
-    const std::wstring folder = manyFiles();
+    const support::ManyFiles folder;
     ui::WindowsLoop loop;
     ui::Form form({.className = L"PanorellBenchLists", .title = L"", .width = 9000, .height = 6000});
     ui::FileList File1({.parent = form, .place = {0, 0, 4000, 5000}}, app::isListed, app::kTypPatterns[0]);
@@ -69,11 +57,11 @@ double fillLists() {
     form.show();
     loop.doEvents();
     const double time = milliseconds([&] {
-        File1.setPath(folder);
-        File2.setPath(folder);
+        File1.setPath(folder.path());
+        File2.setPath(folder.path());
         loop.doEvents();
     });
-    if (File1.count() + File2.count() != kMany) {
+    if (File1.count() != support::ManyFiles::kPictures || File2.count() != support::ManyFiles::kTitles) {
         throw std::runtime_error("files are missing in the lists");
     }
     return time;

@@ -59,7 +59,16 @@ testbedStart() {
     useWine "$name" || return
     preparePrefix tools/testbed.reg || return
     testbedServer=1
+    manyFiles
     wineserver -p 9>&- >/dev/null 2>&1 || true
+}
+
+# A folder with thousands of files for the tests that need one: made by Wine it would take half a minute.
+manyFiles() {
+    mkdir "$testbedFolder/many"
+    (cd "$testbedFolder/many" && { seq -f 'Bild%.0f.jpg' 0 9999; seq -f 'Titel%.0f.mp3' 0 99; } | xargs touch)
+    PANORELL_MANY_FILES=$(windowsPath "$testbedFolder/many")
+    export PANORELL_MANY_FILES
 }
 
 testbedScreen() {
