@@ -11,6 +11,23 @@ namespace {
 
 thread_local EventLoop* currentLoop = nullptr;
 
+// The loops that the system runs while a menu is open, a window is moved or a scroll bar is held know nothing
+// of ours. Losing the capture ends them on Windows; the moving loop of Wine goes on and looks at keys only.
+void endSystemLoops() {
+    EndMenu();
+    GUITHREADINFO state{};
+    state.cbSize = sizeof(state);
+    if (GetGUIThreadInfo(GetCurrentThreadId(), &state) == FALSE) {
+        return;
+    }
+    if (state.hwndCapture != nullptr) {
+        SendMessageW(state.hwndCapture, WM_CANCELMODE, 0, 0);
+    }
+    if (state.hwndMoveSize != nullptr) {
+        PostMessageW(state.hwndMoveSize, WM_KEYDOWN, VK_ESCAPE, 1);
+    }
+}
+
 }  // namespace
 
 EventLoop::EventLoop() {
@@ -97,6 +114,7 @@ void EventLoop::leave() {
     for (std::size_t i = modals_.size(); i > 0; --i) {
         modals_[i - 1]();
     }
+    endSystemLoops();
     // Wakes a loop that waits, also one of the system's own.
     PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
 }

@@ -46,7 +46,8 @@ class EventLoop {
     /// Seconds since local midnight, 0 to below 86,400.
     virtual double timeOfDay() const = 0;
 
-    /// Begins to leave the program: modal boxes and menus are closed, every wait throws Leaving.
+    /// Begins to leave the program: boxes and menus are closed, a window being moved is let go, a held scroll
+    /// bar as well; every wait throws Leaving.
     void leave();
     bool leaving() const { return leaving_; }
 
