@@ -19,7 +19,7 @@ inline constexpr ui::TwipsRect kWindow = at(0, 0, 900, 504);
 // head
 inline constexpr ui::TwipsRect kHead = at(0, 0, 900, 72);
 inline constexpr ui::TwipsRect kPic3 = at(24, 12, 48, 48);
-inline constexpr ui::TwipsRect kLabel1 = at(88, 6, 480, 64);
+inline constexpr ui::TwipsRect kLabel1 = at(88, 4, 480, 68);
 inline constexpr ui::TwipsRect kHelp = at(740, 20, 76, 32);
 inline constexpr ui::TwipsRect kENDE = at(828, 20, 44, 32);
 

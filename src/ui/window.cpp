@@ -4,6 +4,7 @@
 #include <windowsx.h>
 
 #include "platform/error.h"
+#include "platform/monitors.h"
 #include "ui/event_loop.h"
 #include "ui/theme.h"
 
@@ -58,8 +59,7 @@ Window* Window::from(HWND window) {
 }
 
 int Window::dpi() const {
-    const UINT dpi = hwnd_ != nullptr ? GetDpiForWindow(hwnd_) : 0;
-    return dpi != 0 ? static_cast<int>(dpi) : USER_DEFAULT_SCREEN_DPI;
+    return hwnd_ != nullptr ? platform::Monitors::current().dpiOf(hwnd_) : USER_DEFAULT_SCREEN_DPI;
 }
 
 SIZE Window::clientSize() const {
