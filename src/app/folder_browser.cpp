@@ -65,27 +65,31 @@ void FolderBrowser::folderChanged() {
     parts_.Pic2.move(previewPlace_);
     parts_.Pic2.show();
     parts_.closeVideo();
-    refreshCount();
+    readFiles();
     preview_.cancel();
-    enableStart(parts_.File1.count() > 0);
     if (parts_.File1.count() > 0) {
         previewFile(0, false);
     } else {
+        enableStart(false);
         parts_.Pic2.clear();
         parts_.Pic2.setToolTip(L"");
     }
 }
 
 void FolderBrowser::refreshCount() {
+    readFiles();
+    if (!preview_.loading()) {
+        enableStart(parts_.File1.count() > 0);
+    }
+}
+
+void FolderBrowser::readFiles() {
     const bool followsSelection = parts_.File1.selectedIndex() == parts_.state.StartIndex;
     parts_.File1.refresh();
     if (followsSelection && parts_.File1.selectedIndex() >= 0) {
         parts_.state.StartIndex = parts_.File1.selectedIndex();
     }
     parts_.File1.setToolTip(fileCountText(parts_.File1.count()));
-    if (!preview_.loading()) {
-        enableStart(parts_.File1.count() > 0);
-    }
 }
 
 void FolderBrowser::endPreview() {

@@ -61,6 +61,7 @@ class FolderBrowser {
 
   private:
     void openFolder(const std::wstring& folder);
+    void readFiles();
     void previewFile(int index, bool byUser);
     void loaded(const std::optional<platform::DecodedPicture>& picture);
     void enableStart(bool enabled);

@@ -128,9 +128,14 @@ Form1::Form1(ui::EventLoop& loop)
     MUTE.setValue(1);
     Musik.setValue(1);
     Check1.setValue(1);
+    // No show without a folder; the overview waits for the end of the load.
+    Start.setEnabled(false);
+    Run.setEnabled(false);
     CTRL.setEnabled(false);
     UT.setColours(0xFFFFFF, 0x101418);
     Text1.setColours(0xFFFFFF, 0x101418);
+    // Until the first preview is there the box is no black hole.
+    Pic2.setBackground(ui::colorref(ui::theme::kGround));
     drawEmblem();
     onDpi = [this] {
         if (setup_) {
@@ -239,6 +244,7 @@ void Form1::hideSetup() {
     setMovable(false);
     setCards({});
     setBackground(0);
+    Pic2.setBackground(0);
     for (ui::Control* control : controls()) {
         if (control != &Pic2) {
             control->hide();

@@ -3,6 +3,7 @@
 #include "platform/monitors.h"
 #include "show/caption_rule.h"
 #include "show/step_rule.h"
+#include "ui/event_loop.h"
 
 namespace app {
 
@@ -24,10 +25,14 @@ void Form1Screen::takeOver() {
         form_.Pic2.hide();
         form_.Pic2.setToolTip(L"");
         form_.dropRegion();
+        // Black before it grows, or the set-up would be seen in a corner of the screen until the next paint.
+        form_.paintNow();
+        ui::EventLoop::current().doEvents();
     }
     const RECT monitor = platform::Monitors::current().areaOf(form_.hwnd());
     SetWindowPos(form_.hwnd(), HWND_TOP, monitor.left, monitor.top, monitor.right - monitor.left,
-                 monitor.bottom - monitor.top, SWP_SHOWWINDOW);
+                 monitor.bottom - monitor.top, SWP_SHOWWINDOW | SWP_NOCOPYBITS);
+    form_.paintNow();
 }
 
 SIZE Form1Screen::size() const {

@@ -62,8 +62,15 @@ Form::~Form() {
 }
 
 void Form::show() {
-    ShowWindow(hwnd(), SW_SHOW);
+    fresh_ = !visible();
+    // Becoming active changes controls, which paint themselves at once: that comes when all of them have.
+    ShowWindow(hwnd(), SW_SHOWNA);
+    paintNow();
     SetForegroundWindow(hwnd());
+}
+
+void Form::paintNow() {
+    RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
 }
 
 void Form::hide() {
@@ -125,9 +132,21 @@ void Form::onPaint(HDC dc, const RECT& area) {
     paintTo(dc, area);
 }
 
+// A form that was just shown is seen before its controls have painted, and their places would be black: the
+// ground goes there as well.
+void Form::paintBelowControls() {
+    RECT all{};
+    GetClientRect(hwnd(), &all);
+    const HDC unclipped = GetDCEx(hwnd(), nullptr, DCX_CACHE);
+    paintTo(unclipped, all);
+    ReleaseDC(hwnd(), unclipped);
+}
+
 // The form's own ground is painted once, by onPaint; a child that draws see-through asks with its own DC.
 bool Form::onEraseBackground(HDC dc) {
-    if (WindowFromDC(dc) != hwnd()) {
+    if (std::exchange(fresh_, false)) {
+        paintBelowControls();
+    } else if (WindowFromDC(dc) != hwnd()) {
         RECT area{};
         GetClipBox(dc, &area);
         paintTo(dc, area);

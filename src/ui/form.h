@@ -32,8 +32,11 @@ class Form : public Window {
     explicit Form(const Args& args);
     ~Form() override;
 
+    /// Shows the form, all painted, and brings it to the front.
     void show();
     void hide();
+    /// Paints the form and all its controls before it returns.
+    void paintNow();
     bool visible() const;
     void setTitle(const std::wstring& title);
 
@@ -88,6 +91,7 @@ class Form : public Window {
     bool takeTab(bool backwards);
     bool takeAccessKey(wchar_t letter);
     void showFocus();
+    void paintBelowControls();
     void paintTo(HDC dc, const RECT& area);
     RECT toPixelRect(const TwipsRect& place) const;
 
@@ -96,6 +100,7 @@ class Form : public Window {
     bool movable_ = false;
     bool navigation_ = true;
     bool dragging_ = false;
+    bool fresh_ = false;
     POINT grip_{};
     HWND lastFocus_ = nullptr;
 };

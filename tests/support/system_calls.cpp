@@ -52,7 +52,8 @@ int WINAPI hookedRegion(HWND window, HRGN region, BOOL redraw) {
 }
 
 BOOL WINAPI hookedShow(HWND window, int how) {
-    if (how == SW_SHOW) {
+    if (how == SW_SHOWNA && GetWindow(window, GW_OWNER) == nullptr &&
+        (GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) == 0) {
         watching->note("show");
     }
     return watching->showWindow().original<decltype(ShowWindow)>()(window, how);

@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <memory>
+#include <vector>
+
 #include "platform/monitors.h"
 #include "support/test_form.h"
 #include "ui/button.h"
@@ -116,6 +119,29 @@ TEST(Form, PaintsGroundAndCards) {
     test.form.setCards({});
     test.form.setBackground(0);
     EXPECT_TRUE(becomes(2500, 2000, RGB(0, 0, 0)));
+}
+
+TEST(Form, IsPaintedWholeBeforeItBecomesActive) {
+    support::VirtualLoop loop;
+    Form form({.className = L"PanorellTestShown", .width = 6000, .height = 3000, .borderless = true});
+    std::vector<std::unique_ptr<Control>> controls;
+    for (int i = 0; i < 3; ++i) {
+        const CreateArgs args{
+            .parent = form, .id = i, .place = {150, 150.0F + 600.0F * static_cast<float>(i), 2000, 500}};
+        controls.push_back(std::make_unique<CheckBox>(args));
+    }
+    controls.push_back(
+        std::make_unique<PictureBox>(CreateArgs{.parent = form, .place = {3000, 150, 900, 900}}));
+    bool waiting = true;
+    form.onActivation = [&](bool) {
+        waiting = false;
+        for (const auto& control : controls) {
+            waiting = waiting || GetUpdateRect(control->hwnd(), nullptr, FALSE) != FALSE;
+        }
+    };
+    form.show();
+    EXPECT_FALSE(waiting);
+    EXPECT_TRUE(form.visible());
 }
 
 TEST(Form, AFailingHandlerEndsQuietly) {
