@@ -39,7 +39,6 @@ void ScriptPlayer::ApplyScriptEntry(int mode) {
     if (const auto effect = effectNumberOf(entry.effect)) {
         parts_.runner.effectNumber = *effect;
     }
-    parts_.captions.keepScreen();
     if (mode == kFull) {
         stampDate(entry);
     }

@@ -59,14 +59,12 @@ std::wstring Captions::fitted(const std::wstring& title) const {
     return title.substr(0, fits) + kEllipsis;
 }
 
-void Captions::keepScreen() {
-    parts_.Pic3.image().copyFrom(parts_.Pic2.image());
-    stamped_ = false;
-}
-
 void Captions::stampDate(const std::wstring& date) {
     parts_.Timer3.restart();
-    stamped_ = true;
+    if (!stamped_) {
+        parts_.Pic3.image().copyFrom(parts_.Pic2.image());
+        stamped_ = true;
+    }
     const int dpi = parts_.Pic2.dpi();
     const float textWidth = ui::toTwips(ui::measureText(date, ui::font(stampFont(true), dpi)).cx, dpi);
     const auto prints = dateStamp(screenWidth(), textWidth);

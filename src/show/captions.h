@@ -26,9 +26,8 @@ class Captions {
 
     /// Shows a title at its place; Timer3 takes it away.
     void showTitle(const std::wstring& title);
-    /// Pic3 takes a copy of the clean screen, which removal restores.
-    void keepScreen();
-    /// Prints a date onto Pic2, in cyan over a black shadow; Timer3 takes it away.
+    /// Prints a date onto Pic2, in cyan over a black shadow; Timer3 takes it away. Pic3 takes a copy of the
+    /// screen before, which removal restores.
     void stampDate(const std::wstring& date);
     /// Takes standing captions away at once, before a step loads the next picture.
     void end();

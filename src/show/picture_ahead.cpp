@@ -5,9 +5,17 @@
 #include <utility>
 
 #include "platform/com.h"
+#include "platform/picture_decoder.h"
 #include "show/fit_rule.h"
 
 namespace show {
+
+namespace {
+
+/// How long the next decode waits after a picture was taken, so that the two do not share the memory's speed.
+constexpr std::chrono::milliseconds kRest(50);
+
+}  // namespace
 
 bool PictureAhead::FileStamp::operator==(const FileStamp& other) const {
     return CompareFileTime(&written, &other.written) == 0 && size == other.size;
@@ -61,7 +69,10 @@ PictureAhead::Jobs::iterator PictureAhead::nextJob() {
 }
 
 PictureAhead::Job PictureAhead::newJob(const std::wstring& path) {
-    return {++lastNumber_, path, stampOf(path), false, std::nullopt};
+    Job job;
+    job.number = ++lastNumber_;
+    job.path = path;
+    return job;
 }
 
 void PictureAhead::prepare(const std::vector<std::wstring>& paths) {
@@ -79,25 +90,34 @@ void PictureAhead::prepare(const std::vector<std::wstring>& paths) {
     changed_.notify_all();
 }
 
-std::optional<platform::DecodedPicture> PictureAhead::take(const std::wstring& path) {
+void PictureAhead::waitFor(std::unique_lock<std::mutex>& lock, const Job& job) {
+    ++awaited_;
+    changed_.notify_all();
+    changed_.wait(lock, [&] { return job.done; });
+    --awaited_;
+}
+
+std::optional<ShowPicture> PictureAhead::take(const std::wstring& path) {
     std::unique_lock lock(mutex_);
     if (width_ <= 0 || height_ <= 0) {
         return std::nullopt;
     }
     auto job = find(path);
-    if (job != jobs_.end() && !(job->stamp == stampOf(path))) {
-        jobs_.erase(job);
-        job = jobs_.end();
-    }
     if (job == jobs_.end()) {
         jobs_.push_front(newJob(path));
         job = jobs_.begin();
     } else {
         jobs_.splice(jobs_.begin(), jobs_, job);
     }
-    changed_.notify_all();
-    changed_.wait(lock, [&] { return job->done; });
-    std::optional<platform::DecodedPicture> picture = std::move(job->picture);
+    waitFor(lock, *job);
+    if (!(job->stamp == stampOf(path))) {
+        // Another file of that name has taken its place since.
+        job->number = ++lastNumber_;
+        job->done = false;
+        waitFor(lock, *job);
+    }
+    restUntil_ = std::chrono::steady_clock::now() + kRest;
+    std::optional<ShowPicture> picture = std::move(job->picture);
     jobs_.erase(job);
     return picture;
 }
@@ -112,11 +132,16 @@ void PictureAhead::work() {
     std::unique_lock lock(mutex_);
     for (;;) {
         changed_.wait(lock, [this] { return stopping_ || (width_ > 0 && nextJob() != jobs_.end()); });
+        // The picture just taken is being brought to the screen.
+        changed_.wait_until(lock, restUntil_, [this] { return stopping_ || awaited_ > 0; });
         if (stopping_) {
             return;
         }
+        // All may have been forgotten meanwhile.
         const auto job = nextJob();
-        decode(lock, job->number, std::wstring(job->path));
+        if (job != jobs_.end()) {
+            decode(lock, job->number, std::wstring(job->path));
+        }
     }
 }
 
@@ -127,12 +152,17 @@ void PictureAhead::decode(std::unique_lock<std::mutex>& lock, int number, const 
     const double shape = shape_;
     decoding_ = true;
     lock.unlock();
-    std::optional<platform::DecodedPicture> picture;
+    const FileStamp stamp = stampOf(path);
+    std::optional<ShowPicture> picture;
     try {
-        picture = platform::decodeOntoSurface(path, width, height, [=](int pictureWidth, int pictureHeight) {
-            const PixelRect place = fitPicture(pictureWidth, pictureHeight, width, height, shape);
-            return platform::Placement{place.left, place.top, place.width, place.height};
-        });
+        const auto decoded =
+            platform::decodeOntoSurface(path, width, height, [=](int pictureWidth, int pictureHeight) {
+                const PixelRect place = fitPicture(pictureWidth, pictureHeight, width, height, shape);
+                return platform::Placement{place.left, place.top, place.width, place.height};
+            });
+        // What the window thread would have to copy in the step itself.
+        picture = ShowPicture{decoded.nativeWidth, decoded.nativeHeight, platform::Surface(width, height)};
+        picture->surface.put(decoded.pixels);
     } catch (const std::exception&) {
         // No picture: the show passes over it.
     }
@@ -142,6 +172,7 @@ void PictureAhead::decode(std::unique_lock<std::mutex>& lock, int number, const 
     const auto job = find(number);
     if (job != jobs_.end() && surface == surfaceNumber_) {
         job->done = true;
+        job->stamp = stamp;
         job->picture = std::move(picture);
     }
     changed_.notify_all();

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <list>
@@ -23,7 +24,7 @@ class PictureAhead : public PictureSource {
     PictureAhead& operator=(const PictureAhead&) = delete;
 
     void setSurface(int width, int height, double shape) override;
-    std::optional<platform::DecodedPicture> take(const std::wstring& path) override;
+    std::optional<ShowPicture> take(const std::wstring& path) override;
     void prepare(const std::vector<std::wstring>& paths) override;
 
     /// Whether nothing is left to decode; for tests and benchmarks.
@@ -39,9 +40,10 @@ class PictureAhead : public PictureSource {
     struct Job {
         int number = 0;
         std::wstring path;
+        /// The file's state when its decoding began.
         FileStamp stamp;
         bool done = false;
-        std::optional<platform::DecodedPicture> picture;
+        std::optional<ShowPicture> picture;
     };
 
     using Jobs = std::list<Job>;
@@ -52,6 +54,7 @@ class PictureAhead : public PictureSource {
     Jobs::iterator find(int number);
     Jobs::iterator nextJob();
     Job newJob(const std::wstring& path);
+    void waitFor(std::unique_lock<std::mutex>& lock, const Job& job);
     void decode(std::unique_lock<std::mutex>& lock, int number, const std::wstring& path);
 
     std::mutex mutex_;
@@ -64,6 +67,9 @@ class PictureAhead : public PictureSource {
     /// Counts changes of the surface: what was begun before one is thrown away.
     int surfaceNumber_ = 0;
     bool decoding_ = false;
+    /// Calls of take() that wait for their picture.
+    int awaited_ = 0;
+    std::chrono::steady_clock::time_point restUntil_;
     bool stopping_ = false;
     std::thread worker_;
 };

@@ -84,7 +84,7 @@ void Slideshow::showFirst() {
         }
     } else if (auto picture = parts_.pictures.take(parts_.state.currentPicture)) {
         parts_.Pic1.movePixels(0, 0, picture->nativeWidth, picture->nativeHeight);
-        parts_.Pic2.setImage(picture->pixels);
+        parts_.Pic2.setImage(std::move(picture->surface));
     } else {
         loaded = false;
     }
@@ -223,8 +223,7 @@ void Slideshow::showPicture() {
     backwards_ = false;
     parts_.captions.end();
     parts_.Pic1.movePixels(0, 0, picture->nativeWidth, picture->nativeHeight);
-    parts_.Pic3.setImage(picture->pixels);
-    picture.reset();
+    parts_.Pic3.setImage(std::move(picture->surface));
     prepareNeighbours();
     parts_.runner.run([this] { parts_.captions.updateInformation(parts_.runner.currentEffect); });
     // The pause counts from here, so that a picture stands still for all of it.

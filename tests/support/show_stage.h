@@ -29,16 +29,14 @@ class FakePictures : public show::PictureSource {
         width_ = width;
         height_ = height;
     }
-    std::optional<platform::DecodedPicture> take(const std::wstring& path) override {
+    std::optional<show::ShowPicture> take(const std::wstring& path) override {
         taken.push_back(path);
         if (damaged.count(path.substr(path.rfind(L'\\') + 1)) != 0) {
             return std::nullopt;
         }
-        platform::DecodedPicture picture;
-        picture.nativeWidth = 400;
-        picture.nativeHeight = 300;
-        picture.pixels = platform::Pixels(width_, height_);
-        std::fill(picture.pixels.data.begin(), picture.pixels.data.end(), colourOf(path));
+        show::ShowPicture picture{400, 300, platform::Surface(width_, height_)};
+        const std::uint32_t colour = colourOf(path);
+        picture.surface.fill(RGB(colour >> 16 & 0xFF, colour >> 8 & 0xFF, colour & 0xFF));
         return picture;
     }
     void prepare(const std::vector<std::wstring>& paths) override { prepared = paths; }
