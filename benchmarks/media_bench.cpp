@@ -103,8 +103,8 @@ class Stage {
     ui::Timer Timer1{loop, 0};
     ui::Timer Timer4{loop, 0};
     // Without music to bring back, a capture does not fade.
-    media::VideoPlayback playback{
-        {loop, *control, state, music, Pic1, Pic2, Pic3, Timer1, Timer4, MUTE, [] { return false; }}};
+    media::VideoPlayback playback{{loop, *control, state, music, Pic1, Pic2, Pic3, Timer1, Timer4, MUTE,
+                                   [] { return false; }, [] { return false; }}};
 };
 
 double openToFrame(const wchar_t* film) {

@@ -43,7 +43,7 @@ Application::Application(ui::EventLoop& loop, media::MediaControl& control, cons
       runner_({loop, form_.Pic2, form_.Pic3, form_.Timer2, form_.Check1}),
       captions_({loop, show_, form_.Pic2, form_.Pic3, form_.UT, form_.Text1, form_.Timer3}),
       video_({loop, control, show_, music_, form_.Pic1, form_.Pic2, form_.Pic3, form_.Timer1, form_.Timer4,
-              form_.MUTE, [this] { return player_.wanted(); }}),
+              form_.MUTE, [this] { return player_.playing(); }, [this] { return runner_.running(); }}),
       player_({loop, control, music_, form_.Timer5, form_.Musik,
                [this] { return runner_.running() || video_.sounds(); }}),
       script_({show_, captions_, runner_, music_, player_, form_.Timer1, form_.Musik, form_.ShowFN,

@@ -23,6 +23,7 @@ bool BackgroundMusic::wanted() const {
 
 void BackgroundMusic::start() {
     parts_.music.musicEndTime = 0;
+    stopped_ = false;
     if (wanted()) {
         parts_.Timer5.setInterval(kRotationMs);
         parts_.Timer5.setEnabled(true);
@@ -76,7 +77,8 @@ void BackgroundMusic::tick() {
     if (!rotation.playable) {
         return;
     }
-    if (parts_.music.musicRequest.empty() || takeRequest()) {
+    // A video may have begun to sound during the fade: the title then comes after it.
+    if ((parts_.music.musicRequest.empty() || takeRequest()) && !parts_.mustWait()) {
         play();
     }
 }
@@ -91,6 +93,7 @@ bool BackgroundMusic::takeRequest() {
     if (request == kStopRequest) {
         parts_.Timer5.setEnabled(false);
         parts_.Musik.setValue(2);
+        stopped_ = true;
         return false;
     }
     parts_.Musik.setValue(1);
@@ -113,6 +116,7 @@ void BackgroundMusic::play() {
     MusicState& music = parts_.music;
     const std::wstring path =
         music.musicFolder + fileNameOfEntry(music.musicList[static_cast<std::size_t>(music.musicIndex)]);
+    stopped_ = false;
     stop();
     parts_.control.send("open " + platform::shortPath(path) + " alias AUDIO");
     parts_.control.send("set AUDIO time format milliseconds");

@@ -29,6 +29,8 @@ class BackgroundMusic {
     void start();
     /// Whether the folder has music and Musik is ticked (1 or greyed).
     bool wanted() const;
+    /// The same, and "<" has not stopped the music.
+    bool playing() const { return wanted() && !stopped_; }
     /// The "+", "-" and "." keys.
     void louder();
     void quieter();
@@ -48,6 +50,8 @@ class BackgroundMusic {
     void play();
 
     Parts parts_;
+    /// "<" has stopped the music, which plays on unheard.
+    bool stopped_ = false;
 };
 
 }  // namespace media

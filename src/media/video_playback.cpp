@@ -17,6 +17,8 @@ constexpr int kFadeBeforeEndMs = 2000;
 constexpr int kMsPerSecond = 1000;
 /// A volume that no step of a ramp sends.
 constexpr int kNoMusic = -1;
+/// Longer than a quick step takes to begin, so that the next item is on its way before a fade blocks.
+constexpr int kFadeRetryMs = 250;
 
 template <typename Handle>
 std::string decimal(Handle handle) {
@@ -36,10 +38,7 @@ SIZE sourceSize(const std::string& reply) {
 }  // namespace
 
 VideoPlayback::VideoPlayback(Parts parts) : parts_(std::move(parts)) {
-    parts_.Timer4.onTimer = [this] {
-        parts_.Timer4.setEnabled(false);
-        fadeToMusicOnce();
-    };
+    parts_.Timer4.onTimer = [this] { fadeTimer(); };
 }
 
 void VideoPlayback::close() {
@@ -49,7 +48,23 @@ void VideoPlayback::close() {
     paused_ = false;
 }
 
+void VideoPlayback::forgetFade() {
+    fadeDue_ = false;
+    parts_.Timer4.setEnabled(false);
+}
+
+void VideoPlayback::cut() {
+    close();
+    videoShowing = 0;
+    if (fadeDue_) {
+        parts_.Timer4.setInterval(kFadeRetryMs);
+        parts_.Timer4.setEnabled(true);
+    }
+}
+
 void VideoPlayback::OpenAndPlayVideo(const std::wstring& path) {
+    // A fade that is still due for the video before is this one's now.
+    parts_.Timer4.setEnabled(false);
     parts_.control.send("stop VIDEO");
     parts_.control.send("close VIDEO");
     paused_ = false;
@@ -83,6 +98,15 @@ void VideoPlayback::armFade(int lengthMs) {
     const int interval = lengthMs - kFadeBeforeEndMs;
     parts_.Timer4.setInterval(interval);
     parts_.Timer4.setEnabled(interval >= 1);
+}
+
+void VideoPlayback::fadeTimer() {
+    if (parts_.transitionRuns()) {
+        parts_.Timer4.setInterval(kFadeRetryMs);
+        return;
+    }
+    parts_.Timer4.setEnabled(false);
+    fadeToMusicOnce();
 }
 
 void VideoPlayback::fadeToMusicOnce() {

@@ -31,6 +31,8 @@ class VideoPlayback {
         const ui::CheckBox& MUTE;
         /// Music that a fade may bring back.
         std::function<bool()> hasMusic;
+        /// Whether a transition runs, which a fade would freeze.
+        std::function<bool()> transitionRuns;
     };
     explicit VideoPlayback(Parts parts);
 
@@ -47,6 +49,12 @@ class VideoPlayback {
     void CaptureLastFrameAndClose();
     /// Stops and closes the device and forgets the fade.
     void close();
+    /// Stops and closes a video before its end. Music that made way for it comes back soon, though not in the
+    /// middle of a transition.
+    void cut();
+
+    /// No fade comes any more: the show is over.
+    void forgetFade();
 
     /// Cross-fades of 501 steps; the window thread does nothing else meanwhile. Throw Leaving.
     void RampToVideo();
@@ -61,6 +69,7 @@ class VideoPlayback {
     bool sounds() const { return videoShowing != 0 && parts_.MUTE.value() == 1; }
 
   private:
+    void fadeTimer();
     void fadeToMusicOnce();
     void ramp(RampStep (*stepOf)(int step, int musicVolume), int musicVolume, int pauseMs);
 

@@ -165,10 +165,9 @@ bool Slideshow::stepBack() {
 }
 
 void Slideshow::endVideo() {
-    parts_.video.videoShowing = 0;
     parts_.runner.currentEffect = 0;
     parts_.Pic2.clear();
-    parts_.video.close();
+    parts_.video.cut();
 }
 
 void Slideshow::stop() {
@@ -177,6 +176,7 @@ void Slideshow::stop() {
     ended_ = false;
     parts_.Timer1.setEnabled(false);
     parts_.Timer5.setEnabled(false);
+    parts_.video.forgetFade();
     parts_.runner.complete();
     awake_.reset();
     if (onEnd) {
@@ -282,7 +282,7 @@ void Slideshow::endOfList() {
     parts_.Pic3.drop();
     parts_.loop.doEvents();
     parts_.loop.sleep(kEndWaitMs);
-    if (parts_.player.wanted()) {
+    if (parts_.player.playing()) {
         fadeMusicOut();
     }
 }
@@ -301,7 +301,7 @@ void Slideshow::fadeMusicOut() {
 
 void Slideshow::leaveEnd() {
     parts_.EOT.hide();
-    if (parts_.player.wanted()) {
+    if (parts_.player.playing()) {
         parts_.player.sendVolume(parts_.music.musicVolume);
         parts_.Timer5.setEnabled(true);
     }

@@ -144,7 +144,7 @@ class ShowStage {
     show::TransitionRunner runner{{loop, Pic2, Pic3, Timer2, Check1}};
     show::Captions captions{{loop, state, Pic2, Pic3, UT, Text1, Timer3}};
     media::VideoPlayback video{{loop, control, state, music, Pic1, Pic2, Pic3, Timer1, Timer4, MUTE,
-                                [this] { return Musik.value() != 0 && !music.musicList.empty(); }}};
+                                [this] { return player.playing(); }, [this] { return runner.running(); }}};
     media::BackgroundMusic player{
         {loop, control, music, Timer5, Musik, [this] { return runner.running() || video.sounds(); }}};
     script::ScriptPlayer script{

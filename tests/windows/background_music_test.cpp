@@ -140,6 +140,61 @@ TEST(MusicRequest, StopFadesAndGreysTheBox) {
     EXPECT_EQ(stage.control.commands().back(), "setaudio AUDIO volume to 0");
 }
 
+TEST(MusicRequest, ATitleWaitsForAVideoThatBeganDuringTheFade) {
+    MusicStage stage;
+    stage.MUTE.setValue(1);
+    stage.tick();
+    stage.control.clear();
+    stage.music.musicRequest = L"Drei";
+    stage.player.request();
+    stage.loop.at(1000, [&] { stage.video.videoShowing = 1; });
+    stage.loop.advance(20'000);
+    EXPECT_THAT(stage.control.commands(), Not(Contains("play AUDIO")));
+    EXPECT_TRUE(stage.music.musicRequest.empty());
+    stage.video.videoShowing = 0;
+    stage.loop.advance(2000);
+    EXPECT_EQ(stage.opened(), L"Drei.mp3");
+    EXPECT_THAT(stage.control.commands(), Contains("play AUDIO"));
+}
+
+TEST(MusicRequest, StopLastsUntilTheNextRequest) {
+    MusicStage stage;
+    stage.tick();
+    EXPECT_TRUE(stage.player.playing());
+    stage.music.musicRequest = L"<";
+    stage.player.request();
+    stage.loop.advance(6000);
+    EXPECT_FALSE(stage.player.playing());
+    EXPECT_TRUE(stage.player.wanted()) << "another picture may ask for music again";
+    stage.music.musicRequest = L"Zwei";
+    stage.player.request();
+    stage.loop.advance(100);
+    EXPECT_TRUE(stage.player.playing());
+}
+
+TEST(MusicRequest, AllLockedTakesNoRequestUp) {
+    MusicStage stage({L"99 Eins.mp3", L"99 Zwei.mp3"});
+    stage.music.musicRequest = L"Zwei";
+    stage.player.request();
+    stage.loop.advance(6000);
+    EXPECT_TRUE(stage.control.commands().empty());
+    EXPECT_EQ(stage.music.musicRequest, L"Zwei");
+    EXPECT_EQ(stage.Timer5.interval(), 2000);
+}
+
+TEST(MusicRequest, LoudMusicFadesAsFarAsTheStepsGo) {
+    MusicStage stage;
+    stage.music.musicVolume = 600;
+    stage.music.musicRequest = L"Zwei";
+    stage.player.request();
+    stage.loop.advance(6000);
+    const auto commands = stage.control.commands();
+    EXPECT_EQ(commands[0], "setaudio AUDIO volume to 600");
+    EXPECT_EQ(commands[500], "setaudio AUDIO volume to 100");
+    EXPECT_EQ(commands[501], "stop AUDIO");
+    EXPECT_EQ(commands[commands.size() - 2], "setaudio AUDIO volume to 600");
+}
+
 TEST(MusicRequest, GreyedBoxDoesNotFadeButStartsAgain) {
     MusicStage stage;
     stage.Musik.setValue(2);
@@ -166,9 +221,7 @@ TEST(MusicInTheShow, StartsWithTheShowAndOnlyWhereItIsWanted) {
     EXPECT_TRUE(stage.Timer5.enabled());
     stage.loop.advance(2001);
     EXPECT_THAT(stage.control.commands(), Contains("play AUDIO"));
-
-    MusicStage* const other = &stage;
-    EXPECT_EQ(other->music.musicIndex, 1);
+    EXPECT_EQ(stage.music.musicIndex, 1);
 }
 
 TEST(MusicInTheShow, UntickedBoxMeansSilence) {
