@@ -56,6 +56,39 @@ soundProgram() {
     testbedWait 60 xdotool search --onlyvisible --class panorell
 }
 
+near() { [ "$1" -gt $(($2 - 40)) ] && [ "$1" -lt $(($2 + 40)) ]; }
+
+# pixelNear R G B: the colour of the screen beside its middle.
+pixelNear() {
+    local red green blue
+    read -r red green blue < <(import -silent -window root -crop 1x1+300+300 -depth 8 rgb:- | od -An -tu1)
+    near "$red" "$1" && near "$green" "$2" && near "$blue" "$3"
+}
+
+noSoundIsPlayed() { [ -z "$(pactl list short sink-inputs)" ]; }
+
+# A show with music, a film with sound and a damaged film, on a machine without a sound device.
+soundlessShow() {
+    local folder=$soundFolder/soundless
+    mkdir "$folder"
+    convert -size 640x480 "xc:rgb(200,20,20)" "$folder/a.jpg"
+    ffmpeg -v error -f lavfi -i "color=c=0x14C814:size=352x288:rate=25" -f lavfi \
+        -i sine=frequency=660:sample_rate=44100 -t 2 -c:v mpeg1video -c:a mp2 -f mpeg "$folder/b.mpg"
+    cp tests/data/media/damaged.mpg "$folder/c.mpg"
+    convert -size 640x480 "xc:rgb(20,20,200)" "$folder/d.jpg"
+    cp tests/data/media/tone440.mp3 "$folder/01 Lied.mp3"
+    testbedSpawn env PULSE_SERVER=unix:/nonexistent ALSA_CONFIG_PATH=/nonexistent "${wineCommand[@]}" \
+        build/windows/src/app/Panorell.exe "$(windowsPath "$folder")" P=1 E=0 V=1 M=1 R=1
+    soundProcess=${testbedPids[-1]}
+    heard "without a sound device the show begins" 30 pixelNear 200 20 20
+    heard "without a sound device a film plays" 20 pixelNear 20 200 20
+    heard "without a sound device nothing reaches the sound server" 1 noSoundIsPlayed
+    heard "without a sound device the show goes on" 20 pixelNear 20 20 200
+    xdotool key Escape
+    heard "without a sound device the program ends" 20 soundProgramIsGone
+    kill "$soundProcess" 2>/dev/null || true
+}
+
 soundProgramEnd() {
     xdotool key Escape
     if ! testbedWait 20 soundProgramIsGone; then
@@ -99,6 +132,7 @@ runSoundTests() {
     soundProgram 0
     heard "without music there is silence" 15 staysSilent 5
     soundProgramEnd
+    soundlessShow
     rm -rf "$soundFolder"
     echo "sound: $((failed - before)) failed"
 }
