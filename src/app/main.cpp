@@ -16,7 +16,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     ui::WindowsLoop loop;
     const auto control = media::createMediaControl();
     app::Application application(loop, *control, platform::programDir());
-    application.load(std::wstring(app::parametersOfCommandLine(GetCommandLineW())));
+    // A show that the parameters start lets events run, and so may be left before the load has ended.
+    loop.guarded([&] { application.load(std::wstring(app::parametersOfCommandLine(GetCommandLineW()))); });
     loop.run();
     return 0;
 }

@@ -1,6 +1,7 @@
 // The command line of the real program: what every parameter changes, and what broken ones leave alone.
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
+#include "program/support/files.h"
 #include "program/support/panorell.h"
 #include "program/support/picture_folder.h"
 #include "program/support/show_watch.h"
@@ -86,6 +87,22 @@ TEST(CommandLineRun, StartsAtTheGivenIndex) {
     Panorell panorell;
     panorell.start(folder.path() + L" P=9 M=0 L=2R=1");
     EXPECT_TRUE(watch.comes(3));
+}
+
+// Explorer starts the program like this; quotes are there when the path holds a blank.
+TEST(CommandLineRun, AFolderDroppedOntoTheProgram) {
+    for (const wchar_t* name : {L"Süße Grüße [1]", L"日本 ☂ 2003", L"schlicht"}) {
+        const PictureFolder folder;
+        const std::wstring path = folder.file(name);
+        ASSERT_TRUE(CreateDirectoryW(path.c_str(), nullptr));
+        writePicture(path + L"\\a.jpg", {1, 64, 48});
+        writePicture(path + L"\\b c.jpg", {2, 64, 48});
+        const bool quotes = path.find(L' ') != std::wstring::npos;
+        Panorell panorell;
+        ASSERT_TRUE(panorell.openSetUp(quotes ? L"\"" + path + L"\"" : path));
+        EXPECT_THAT(panorell.at(id::kFile1).items(), testing::ElementsAre(L"a.jpg", L"b c.jpg"));
+        EXPECT_THAT(panorell.at(id::kDir1).items(), testing::Contains(name));
+    }
 }
 
 TEST(CommandLineRun, AnEmptyFolderStaysInTheSetUpState) {

@@ -94,6 +94,72 @@ TEST_F(WaysOut, EscapeDuringTheShow) {
     EXPECT_EQ(clipboardText(), L"nothing yet");
 }
 
+TEST_F(WaysOut, TheWindowOfAShowIsClosed) {
+    openShow(L" P=9");
+    PostMessageW(panorell_.form(), WM_CLOSE, 0, 0);
+    expectEnded();
+}
+
+TEST_F(WaysOut, EscapeInTheMiddleOfATransition) {
+    openShow(L" P=60");
+    ASSERT_TRUE(typeText(panorell_.form(), L"b"));
+    ASSERT_TRUE(pressKey(panorell_.form(), VK_RIGHT));
+    ASSERT_TRUE(waitFor([&] { return panorell_.at(id::kPic3).visible(); }, kPatience, "the overlay comes"));
+    ASSERT_TRUE(pressKey(panorell_.form(), VK_ESCAPE));
+    expectEnded();
+}
+
+TEST_F(WaysOut, EscapeWhilePaused) {
+    openShow(L" P=1");
+    ASSERT_TRUE(pressKey(panorell_.form(), VK_DOWN));
+    ASSERT_TRUE(pressKey(panorell_.form(), VK_ESCAPE));
+    expectEnded();
+}
+
+TEST_F(WaysOut, EscapeWhileATitleStands) {
+    folder_.writeScript("bild01 Am Strand *P=30\r\n");
+    openShow(L" P=9");
+    ASSERT_TRUE(waitFor([&] { return panorell_.at(id::kUT).visible(); }, kPatience, "the title comes"));
+    ASSERT_TRUE(pressKey(panorell_.form(), VK_ESCAPE));
+    expectEnded();
+}
+
+TEST_F(WaysOut, EscapeWhileAVideoPlays) {
+    copyFile(L"" PANORELL_TEST_DATA "/media/film_352x288.mpg", folder_.file(L"film.mpg"));
+    panorell_.start(folder_.path() + L" P=9 M=0 L=3 R=1");
+    ASSERT_TRUE(waitFor(
+        [&] { return panorell_.form() && !panorell_.inSetUpState() && watch_.now() == ShowWatch::kOther; },
+        kPatience, "the film is seen"));
+    ASSERT_TRUE(bringToFront(panorell_.form()));
+    ASSERT_TRUE(pressKey(panorell_.form(), VK_ESCAPE));
+    expectEnded();
+}
+
+TEST_F(WaysOut, ClosedWhileTheHelpBoxIsOpen) {
+    openSetUp();
+    ASSERT_TRUE(panorell_.clickOn(id::kHelp));
+    ASSERT_NE(panorell_.window(L"#32770"), nullptr);
+    PostMessageW(panorell_.form(), WM_CLOSE, 0, 0);
+    expectEnded();
+    expectCommandLineOnClipboard();
+}
+
+TEST_F(WaysOut, ClosedWhileItsMenuIsOpen) {
+    openSetUp();
+    PostMessageW(panorell_.form(), WM_SYSCOMMAND, SC_KEYMENU, L' ');
+    const DWORD thread = GetWindowThreadProcessId(panorell_.form(), nullptr);
+    ASSERT_TRUE(waitFor(
+        [&] {
+            GUITHREADINFO state{};
+            state.cbSize = sizeof(state);
+            return GetGUIThreadInfo(thread, &state) != FALSE && (state.flags & GUI_INMENUMODE) != 0;
+        },
+        kPatience, "the menu opens"));
+    PostMessageW(panorell_.form(), WM_CLOSE, 0, 0);
+    expectEnded();
+    expectCommandLineOnClipboard();
+}
+
 TEST_F(WaysOut, EscapeAtTheEndOfTheShow) {
     openShow(L" P=1");
     ASSERT_TRUE(
