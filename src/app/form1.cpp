@@ -137,12 +137,6 @@ Form1::Form1(ui::EventLoop& loop)
     // Until the first preview is there the box is no black hole.
     Pic2.setBackground(ui::colorref(ui::theme::kGround));
     drawEmblem();
-    onDpi = [this] {
-        if (setup_) {
-            drawEmblem();
-            applyRegion();
-        }
-    };
 }
 
 void Form1::setToolTips() {
@@ -270,10 +264,33 @@ void Form1::drawEmblem() {
 void Form1::onDpiChanged(int dpi, const RECT& suggested) {
     if (setup_) {
         Form::onDpiChanged(dpi, suggested);
+        drawEmblem();
+        applyRegion();
     }
 }
 
+void Form1::cover(const RECT& place) {
+    covered_ = place;
+    SetWindowPos(hwnd(), HWND_TOP, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                 SWP_SHOWWINDOW | SWP_NOCOPYBITS);
+    paintNow();
+}
+
+// Under Wine a window manager may answer late, with the place that the window had before.
+void Form1::keepCovering(WINDOWPOS& wanted) const {
+    if (!covered_ || IsIconic(hwnd()) != FALSE) {
+        return;
+    }
+    wanted.x = covered_->left;
+    wanted.y = covered_->top;
+    wanted.cx = covered_->right - covered_->left;
+    wanted.cy = covered_->bottom - covered_->top;
+}
+
 bool Form1::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+    if (message == WM_WINDOWPOSCHANGING) {
+        keepCovering(*reinterpret_cast<WINDOWPOS*>(l));
+    }
     if (onOwnerMessage) {
         onOwnerMessage(message);
     }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 
 #include "ui/button.h"
 #include "ui/check_box.h"
@@ -35,6 +36,9 @@ class Form1 : public ui::Form {
     ui::Rgb groundAt(POINT place) const override;
     /// Hides everything that belongs to the set-up, for good.
     void hideSetup();
+    /// Covers a place on the screen, in pixels, and stays there whatever else is asked for; it can still be
+    /// minimised.
+    void cover(const RECT& place);
     /// Draws the program's emblem into Pic3.
     void drawEmblem();
 
@@ -96,6 +100,7 @@ class Form1 : public ui::Form {
     void drawGround(ui::Painting& painting) override;
 
   private:
+    void keepCovering(WINDOWPOS& wanted) const;
     void wirePause();
     void setToolTips();
     void setAccessKeys();
@@ -107,6 +112,7 @@ class Form1 : public ui::Form {
     std::array<ui::Label, 4> setDigits_;
     /// Whether the window shows its set-up, with its head and round corners.
     bool setup_ = true;
+    std::optional<RECT> covered_;
 };
 
 }  // namespace app

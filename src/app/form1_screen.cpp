@@ -29,10 +29,7 @@ void Form1Screen::takeOver() {
         form_.paintNow();
         ui::EventLoop::current().doEvents();
     }
-    const RECT monitor = platform::Monitors::current().areaOf(form_.hwnd());
-    SetWindowPos(form_.hwnd(), HWND_TOP, monitor.left, monitor.top, monitor.right - monitor.left,
-                 monitor.bottom - monitor.top, SWP_SHOWWINDOW | SWP_NOCOPYBITS);
-    form_.paintNow();
+    form_.cover(platform::Monitors::current().areaOf(form_.hwnd()));
 }
 
 SIZE Form1Screen::size() const {

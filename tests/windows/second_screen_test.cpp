@@ -82,6 +82,25 @@ TEST_F(SurfaceTest, Screen2MovesItToTheMonitorOnTheRight) {
     EXPECT_EQ(pointer.y, 300);
 }
 
+// As a window manager does that answers late with the place of the set-up window.
+TEST_F(SurfaceTest, StaysWhereItIsWhateverIsAskedFor) {
+    stage.loadFolder();
+    const RECT before = windowOf(form().hwnd());
+    form().Start.click();
+    SetWindowPos(form().hwnd(), nullptr, before.left, before.top, before.right - before.left,
+                 before.bottom - before.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(form().hwnd(), nullptr, 30, 40, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(form().hwnd(), nullptr, 0, 0, 50, 60, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    stage.loop.settle();
+    expectSurface(stage.monitors.first);
+    ShowWindow(form().hwnd(), SW_MINIMIZE);
+    EXPECT_TRUE(IsIconic(form().hwnd()));
+    ShowWindow(form().hwnd(), SW_RESTORE);
+    stage.until([&] { return IsIconic(form().hwnd()) == FALSE && form().clientSize().cx > 0; });
+    EXPECT_FALSE(IsIconic(form().hwnd()));
+    expectSurface(stage.monitors.first);
+}
+
 TEST_F(SurfaceTest, Screen2WithoutASecondMonitorFillsTheOnlyOne) {
     stage.loadFolder();
     stage.click(form().Screen2);
