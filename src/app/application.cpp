@@ -150,6 +150,7 @@ void Application::wireSetup() {
             slideshow_.stop();
         }
     };
+    form_.onDpi = [this] { browser_.previewAgain(); };
     form_.onOwnerMessage = [this](UINT message) {
         tray_.onOwnerMessage(message);
         if (message == WM_ENDSESSION) {

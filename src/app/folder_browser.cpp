@@ -1,5 +1,6 @@
 #include "app/folder_browser.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "app/file_filter.h"
@@ -15,6 +16,23 @@ namespace {
 
 constexpr wchar_t kErrorTitle[] = L" Fehler";
 constexpr std::size_t kDateCharacters = 10;
+
+/// The part of a surface that its picture covers.
+platform::Placement covered(const platform::DecodedPicture& picture) {
+    const platform::Placement& place = picture.placement;
+    const int left = std::max(0, place.left);
+    const int top = std::max(0, place.top);
+    return {left, top, std::min(picture.pixels.width, place.left + place.width) - left,
+            std::min(picture.pixels.height, place.top + place.height) - top};
+}
+
+platform::Pixels cut(const platform::Pixels& surface, const platform::Placement& part) {
+    platform::Pixels made(part.width, part.height);
+    for (int y = 0; y < part.height; ++y) {
+        std::copy_n(surface.row(part.top + y) + part.left, part.width, made.row(y));
+    }
+    return made;
+}
 
 }  // namespace
 
@@ -70,6 +88,7 @@ void FolderBrowser::folderChanged() {
     if (parts_.File1.count() > 0) {
         previewFile(0, false);
     } else {
+        previewed_.clear();
         enableStart(false);
         parts_.Pic2.clear();
         parts_.Pic2.setToolTip(L"");
@@ -132,12 +151,28 @@ void FolderBrowser::previewFile(int index, bool byUser) {
 
 void FolderBrowser::loaded(const std::optional<platform::DecodedPicture>& picture) {
     if (picture) {
-        parts_.Pic2.setImage(picture->pixels);
+        showPicture(*picture);
     } else {
         parts_.Pic2.clear();
     }
     parts_.Pic2.show();
     enableStart(parts_.File1.count() > 0);
+}
+
+// A wide or tall picture makes the box smaller, so that none of its surface is left beside the picture.
+void FolderBrowser::showPicture(const platform::DecodedPicture& picture) {
+    const int dpi = parts_.Pic2.dpi();
+    const platform::Placement part = covered(picture);
+    parts_.Pic2.movePixels(ui::toPixels(previewPlace_.left, dpi) + part.left,
+                           ui::toPixels(previewPlace_.top, dpi) + part.top, part.width, part.height);
+    parts_.Pic2.setImage(cut(picture.pixels, part));
+}
+
+void FolderBrowser::previewAgain() {
+    const int index = parts_.File1.indexOf(previewed_.substr(previewed_.rfind(L'\\') + 1));
+    if (index >= 0) {
+        previewFile(index, false);
+    }
 }
 
 void FolderBrowser::enableStart(bool enabled) {

@@ -53,8 +53,8 @@ class FolderBrowser {
     void refreshCount();
     /// Shows the first sub-folder that begins with a letter at the top of Dir1; false when there is none.
     bool selectFolder(wchar_t letter);
-    /// Where previews are shown in the set-up window; to be called again when the window's DPI changed.
-    void setPreviewPlace(const ui::TwipsRect& place) { previewPlace_ = place; }
+    /// Previews the same file anew, for a window whose DPI changed.
+    void previewAgain();
     /// Drops the preview that is on its way.
     void endPreview();
     bool previewLoading() const { return preview_.loading(); }
@@ -64,6 +64,7 @@ class FolderBrowser {
     void readFiles();
     void previewFile(int index, bool byUser);
     void loaded(const std::optional<platform::DecodedPicture>& picture);
+    void showPicture(const platform::DecodedPicture& picture);
     void enableStart(bool enabled);
     std::wstring pathOf(int index) const;
 

@@ -82,28 +82,80 @@ TEST_F(PreviewTest, TheDateIsTheToolTip) {
 struct Shape {
     int width;
     int height;
-    bool barAbove;
-    bool barLeft;
+    bool lower;     ///< than the preview box
+    bool narrower;  ///< than the preview box
 };
 
 class PreviewShape : public PreviewTest, public testing::WithParamInterface<Shape> {};
 
+// Inside the box of 4:3 a wide picture gets a lower one in the middle, a tall one a narrower one.
 TEST_P(PreviewShape, FollowsTheRuleOfTheShow) {
+    const SIZE box = form().Pic2.clientSize();
+    const auto placeNow = [&] {
+        RECT place{};
+        GetWindowRect(form().Pic2.hwnd(), &place);
+        return place;
+    };
+    const RECT whole = placeNow();
+    ASSERT_EQ(box.cx * 3, box.cy * 4);
     stage.picture(L"a.jpg", kRed, GetParam().width, GetParam().height);
     stage.loadFolder();
+    const SIZE size = form().Pic2.clientSize();
+    EXPECT_EQ(size.cx < box.cx, GetParam().narrower);
+    EXPECT_EQ(size.cy < box.cy, GetParam().lower);
+    const RECT place = placeNow();
+    EXPECT_NEAR(place.left - whole.left, whole.right - place.right, 1);
+    EXPECT_NEAR(place.top - whole.top, whole.bottom - place.bottom, 1);
     const platform::Surface& image = form().Pic2.image();
-    ASSERT_FALSE(image.empty());
-    EXPECT_EQ(support::alike(at(image.width() / 2, 1), 0), GetParam().barAbove);
-    EXPECT_EQ(support::alike(at(image.width() / 2, image.height() - 2), 0), GetParam().barAbove);
-    EXPECT_EQ(support::alike(at(1, image.height() / 2), 0), GetParam().barLeft);
-    EXPECT_EQ(support::alike(at(image.width() - 2, image.height() / 2), 0), GetParam().barLeft);
-    EXPECT_TRUE(support::alike(stage.shown(), kRed));
+    ASSERT_EQ(image.width(), size.cx);
+    ASSERT_EQ(image.height(), size.cy);
+    for (const POINT corner :
+         {POINT{1, 1}, POINT{size.cx - 2, 1}, POINT{1, size.cy - 2}, POINT{size.cx - 2, size.cy - 2}}) {
+        EXPECT_TRUE(support::alike(at(corner.x, corner.y), kRed)) << "no surface beside the picture";
+    }
+    if (GetParam().lower || GetParam().narrower) {
+        EXPECT_NEAR(static_cast<double>(size.cx) / size.cy,
+                    static_cast<double>(GetParam().width) / GetParam().height,
+                    0.05 * GetParam().width / GetParam().height);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Shapes, PreviewShape,
                          testing::Values(Shape{320, 240, false, false}, Shape{320, 200, true, false},
                                          Shape{320, 230, false, false}, Shape{240, 320, false, true},
                                          Shape{300, 240, false, false}, Shape{1200, 300, true, false}));
+
+TEST_F(PreviewTest, TheNextFileHasTheWholeBoxAgain) {
+    const ui::TwipsRect box = form().Pic2.place();
+    stage.picture(L"a.jpg", kRed, 600, 200);
+    stage.picture(L"b.jpg", kGreen, 400, 300);
+    stage.pictures.file(L"c.mpg", "no film");
+    stage.loadFolder();
+    EXPECT_NE(form().Pic2.place(), box);
+    choose(L"b.jpg");
+    ASSERT_TRUE(stage.previewed());
+    EXPECT_EQ(form().Pic2.place(), box);
+    choose(L"a.jpg");
+    ASSERT_TRUE(stage.previewed());
+    choose(L"c.mpg");
+    EXPECT_EQ(form().Pic2.place(), box);
+}
+
+TEST_F(PreviewTest, AChangeOfDpiShowsThePictureAnew) {
+    stage.picture(L"a.jpg", kRed, 600, 300);
+    stage.loadFolder();
+    const SIZE before = form().Pic2.clientSize();
+    stage.monitors.dpi = 192;
+    const RECT suggested{0, 0, 1800, 1008};
+    SendMessageW(form().hwnd(), WM_DPICHANGED, MAKELONG(192, 192), reinterpret_cast<LPARAM>(&suggested));
+    ASSERT_TRUE(stage.previewed());
+    const SIZE after = form().Pic2.clientSize();
+    EXPECT_EQ(after.cx, 2 * before.cx);
+    ASSERT_EQ(form().Pic2.image().width(), after.cx);
+    ASSERT_EQ(form().Pic2.image().height(), after.cy);
+    EXPECT_TRUE(support::alike(at(after.cx - 2, after.cy - 2), kRed));
+    EXPECT_EQ(form().File1.selectedIndex(), -1) << "nothing was chosen by that";
+}
 
 TEST_F(PreviewTest, AVideoIsOpenedInTheBox) {
     stage.pictures.file(L"clip.mpg", "no film");
