@@ -40,9 +40,10 @@ void OptionButton::setSelected(bool selected) {
     }
 }
 
+// Being chosen may give the focus away; the arrow keys need it to go on from here.
 void OptionButton::press() {
-    setFocus();
     choose();
+    setFocus();
 }
 
 void OptionButton::choose() {

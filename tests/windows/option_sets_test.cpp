@@ -209,6 +209,20 @@ TEST_F(OptionSetsTest, TheMouseChoosesWhenItGoesDownAndTheEmblemTakesTheFocus) {
     EXPECT_EQ(stage.system.count("read Set3/Delay"), 1) << "it is loaded once";
 }
 
+// One arrow key after the other, as in any group of option buttons.
+TEST_F(OptionSetsTest, TheArrowKeysWalkThroughTheSets) {
+    stage.load();
+    form().Option1[0].setFocus();
+    for (int i = 1; i <= 4; ++i) {
+        PostMessageW(GetFocus(), WM_KEYDOWN, VK_RIGHT, 1);
+        stage.loop.settle();
+        const std::size_t next = static_cast<std::size_t>(i % 4);
+        EXPECT_EQ(stage.state().CurrentSet, L"Set" + std::to_wstring(next + 1));
+        EXPECT_TRUE(form().Option1[next].selected());
+        EXPECT_TRUE(form().Option1[next].hasFocus());
+    }
+}
+
 TEST_F(OptionSetsTest, ChoosingSelectsTheFirstFile) {
     stage.picture(L"a.jpg");
     stage.picture(L"b.jpg");
