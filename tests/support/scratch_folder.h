@@ -16,11 +16,15 @@ class ScratchFolder {
         static std::atomic<int> number{0};
         wchar_t base[MAX_PATH]{};
         GetTempPathW(MAX_PATH, base);
-        path_ = std::wstring(base) + L"panorell-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
-                std::to_wstring(number++);
-        if (CreateDirectoryW(path_.c_str(), nullptr) == FALSE) {
-            throw std::runtime_error("no temporary folder");
-        }
+        // Process numbers come back, and a test program that crashed leaves its folders behind.
+        do {
+            path_ = std::wstring(base) + L"panorell-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+                    std::to_wstring(number++);
+            if (CreateDirectoryW(path_.c_str(), nullptr) != FALSE) {
+                return;
+            }
+        } while (GetLastError() == ERROR_ALREADY_EXISTS);
+        throw std::runtime_error("no temporary folder");
     }
     ~ScratchFolder() { removeAll(path_); }
     ScratchFolder(const ScratchFolder&) = delete;
