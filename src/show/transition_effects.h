@@ -31,6 +31,9 @@ struct EffectPlan {
     int interval = kStepInterval;  ///< Timer2's interval in ms that the effect begins with
     bool paced = false;            ///< whether its steps wait for Timer2 (only a loop does)
     bool leavesGaps = false;       ///< its steps alone do not add up to the whole new picture
+    /// All its steps but the last copy from a copy of the new picture at half its width and height (rounded
+    /// down): stretched from the whole one, a step on so large a surface would take longer than its interval.
+    bool halved = false;
     friend bool operator==(const EffectPlan&, const EffectPlan&) = default;
 };
 
@@ -64,8 +67,8 @@ struct OverlayStep {
 /// Any other index or step gives an empty box.
 OverlayStep overlayStep(int index, int step, int width, int height);
 
-/// One copy from Pic3's picture onto Pic2, in pixels, inside both. Equal sizes are a plain copy, different
-/// ones a stretch.
+/// One copy from Pic3's picture (where EffectPlan::halved says so, from half of it) onto Pic2, in pixels,
+/// inside both. Equal sizes are a plain copy, different ones a stretch.
 struct CopyRect {
     PixelRect source;
     PixelRect target;

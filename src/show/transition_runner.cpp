@@ -96,11 +96,19 @@ void TransitionRunner::place(const OverlayStep& step) {
 }
 
 void TransitionRunner::runCopies(const EffectPlan& plan, int width, int height) {
+    platform::Surface half;
+    if (plan.halved) {
+        half = platform::Surface(width / 2, height / 2);
+        SetStretchBltMode(half.dc(), COLORONCOLOR);
+        StretchBlt(half.dc(), 0, 0, half.width(), half.height(), parts_.Pic3.image().dc(), 0, 0, width,
+                   height, SRCCOPY);
+    }
     for (int i = 0; i < plan.stepCount && waitForStep(plan); ++i) {
         copyStep(currentEffect, i, width, height, copies_);
-        parts_.Pic2.draw([this](HDC dc) {
+        const bool halved = plan.halved && i + 1 < plan.stepCount;
+        const HDC source = halved ? half.dc() : parts_.Pic3.image().dc();
+        parts_.Pic2.draw([this, source](HDC dc) {
             SetStretchBltMode(dc, COLORONCOLOR);
-            const HDC source = parts_.Pic3.image().dc();
             for (const CopyRect& copy : copies_) {
                 const PixelRect& from = copy.source;
                 const PixelRect& to = copy.target;

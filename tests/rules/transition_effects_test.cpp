@@ -126,12 +126,14 @@ TEST(TransitionEffects, CopiesLieInsidePictureAndSurface) {
     std::vector<CopyRect> copies;
     for (const Size size : kSizes) {
         for (int index = kM; index < kEffectCount; ++index) {
-            const int steps = effectPlan(index, size.width, size.height).stepCount;
-            for (int step = 0; step < steps; ++step) {
+            const EffectPlan plan = effectPlan(index, size.width, size.height);
+            for (int step = 0; step < plan.stepCount; ++step) {
+                const bool halved = plan.halved && step + 1 < plan.stepCount;
+                const Size picture = halved ? Size{size.width / 2, size.height / 2} : size;
                 copyStep(index, step, size.width, size.height, copies);
                 ASSERT_LE(copies.size(), static_cast<std::size_t>(kMostCopiesPerStep));
                 for (const CopyRect& copy : copies) {
-                    ASSERT_TRUE(inside(copy.source, size)) << letter(index) << " step " << step;
+                    ASSERT_TRUE(inside(copy.source, picture)) << letter(index) << " step " << step;
                     ASSERT_TRUE(inside(copy.target, size)) << letter(index) << " step " << step;
                     // Only "M" to "O" stretch; everything else is copied at its own place.
                     ASSERT_TRUE(index <= 14 || copy.source == copy.target) << letter(index);
@@ -213,14 +215,52 @@ TEST(TransitionEffects, OverlayPlacesFollowTheirFormulas) {
     EXPECT_EQ(overlayStep(10, 41, 640, 480), (OverlayStep{0, 110, 640, 260}));
 }
 
+/// The rectangle that bands of equal width make up, one below the other without a gap.
+PixelRect joined(const std::vector<CopyRect>& copies, PixelRect CopyRect::*side) {
+    PixelRect all = copies.front().*side;
+    all.height = 0;
+    for (const CopyRect& copy : copies) {
+        const PixelRect& band = copy.*side;
+        EXPECT_EQ(band.left, all.left);
+        EXPECT_EQ(band.width, all.width);
+        EXPECT_EQ(band.top, all.top + all.height);
+        all.height += band.height;
+    }
+    return all;
+}
+
 TEST(TransitionEffects, StretchesFollowTheirFormulas) {
-    const PixelRect whole{0, 0, 801, 599};
-    const std::map<int, PixelRect> halfway = {
-        {12, {200, 0, 400, 599}}, {13, {200, 149, 400, 299}}, {14, {0, 0, 400, 299}}};
+    struct Stretch {
+        int index;
+        Size surface;
+        int step;
+        PixelRect source;
+        PixelRect target;
+    };
+    const Stretch cases[] = {
+        {12, {801, 599}, 50, {0, 0, 801, 599}, {200, 0, 400, 599}},
+        {13, {801, 599}, 50, {0, 0, 801, 599}, {200, 149, 400, 299}},
+        {14, {801, 599}, 50, {0, 0, 801, 599}, {0, 0, 400, 299}},
+        {12, {2560, 1600}, 50, {0, 0, 2560, 1600}, {640, 0, 1280, 1600}},
+        {12, {3841, 2161}, 50, {0, 0, 1920, 1080}, {960, 0, 1920, 2161}},
+        {13, {3841, 2161}, 99, {0, 0, 1920, 1080}, {19, 10, 3802, 2139}},
+        {14, {3841, 2161}, 100, {0, 0, 3841, 2161}, {0, 0, 3841, 2161}},
+    };
     std::vector<CopyRect> copies;
-    for (const auto& [index, target] : halfway) {
-        copyStep(index, 50, 801, 599, copies);
-        EXPECT_THAT(copies, testing::ElementsAre(CopyRect{whole, target})) << letter(index);
+    for (const Stretch& c : cases) {
+        copyStep(c.index, c.step, c.surface.width, c.surface.height, copies);
+        ASSERT_FALSE(copies.empty());
+        EXPECT_EQ(joined(copies, &CopyRect::source), c.source) << letter(c.index) << " step " << c.step;
+        EXPECT_EQ(joined(copies, &CopyRect::target), c.target) << letter(c.index) << " step " << c.step;
+    }
+}
+
+TEST(TransitionEffects, OnlyStretchesOnLargeSurfacesUseHalfThePicture) {
+    for (int index = 0; index < kEffectCount; ++index) {
+        EXPECT_FALSE(effectPlan(index, 1920, 1080).halved) << letter(index);
+        EXPECT_FALSE(effectPlan(index, 2560, 1600).halved) << letter(index);
+        EXPECT_FALSE(effectPlan(index, 5'000'000, 1).halved) << letter(index);
+        EXPECT_EQ(effectPlan(index, 3840, 2160).halved, index >= 12 && index <= 14) << letter(index);
     }
 }
 
@@ -250,6 +290,19 @@ TEST(TransitionEffects, DurationIsTheSumOfTheIntervals) {
     EXPECT_EQ(effectDuration(kM, 640, 480), 1010);
     EXPECT_EQ(effectDuration(kZ, 640, 480), 0);
     EXPECT_EQ(effectDuration(26, 640, 480), 0);
+}
+
+TEST(TransitionEffects, HalvedStretchesEndWithTheNewPicturePixelForPixel) {
+    const Size size{2561, 1601};
+    const Picture after = newPicture(size);
+    for (int index = 12; index <= 14; ++index) {
+        EffectModel model(index, oldPicture(size), after);
+        ASSERT_TRUE(model.plan().halved);
+        model.runTo(model.plan().stepCount - 1);
+        EXPECT_GT(shareOfNew(model.screen()), 0.9) << letter(index);
+        model.runTo(model.plan().stepCount);
+        EXPECT_EQ(difference(model.screen(), after), 0.0) << letter(index);
+    }
 }
 
 class PaintedEffect : public testing::TestWithParam<int> {};

@@ -31,7 +31,8 @@ class EffectModel {
         : index_(index),
           plan_(show::effectPlan(index, oldPicture.width, oldPicture.height)),
           surface_(oldPicture),
-          box_(newPicture) {}
+          box_(newPicture),
+          half_(halfOf(newPicture)) {}
 
     const show::EffectPlan& plan() const { return plan_; }
 
@@ -42,8 +43,9 @@ class EffectModel {
                 place(show::overlayStep(index_, next_, surface_.width, surface_.height));
             } else {
                 show::copyStep(index_, next_, surface_.width, surface_.height, copies_);
+                const bool halved = plan_.halved && next_ + 1 < plan_.stepCount;
                 for (const show::CopyRect& copy : copies_) {
-                    stretch(copy);
+                    stretch(copy, halved ? half_ : box_);
                 }
             }
         }
@@ -73,11 +75,21 @@ class EffectModel {
         place_ = step;
     }
 
-    void stretch(const show::CopyRect& copy) {
+    static Picture halfOf(const Picture& whole) {
+        Picture half(whole.width / 2, whole.height / 2);
+        for (int y = 0; y < half.height; ++y) {
+            for (int x = 0; x < half.width; ++x) {
+                half.row(y)[x] = whole.row(2 * y)[2 * x];
+            }
+        }
+        return half;
+    }
+
+    void stretch(const show::CopyRect& copy, const Picture& picture) {
         const auto& [source, target] = copy;
         for (int y = 0; y < target.height; ++y) {
             const int sourceY = source.top + (2 * y + 1) * source.height / (2 * target.height);
-            const std::uint32_t* from = box_.row(sourceY) + source.left;
+            const std::uint32_t* from = picture.row(sourceY) + source.left;
             std::uint32_t* to = surface_.row(target.top + y) + target.left;
             if (source.width == target.width) {
                 std::copy(from, from + source.width, to);
@@ -93,6 +105,7 @@ class EffectModel {
     show::EffectPlan plan_;
     Picture surface_;
     Picture box_;
+    Picture half_;
     show::OverlayStep place_;
     int next_ = 0;
     std::vector<show::CopyRect> copies_;

@@ -26,6 +26,9 @@ int circleCount(Surface surface);
 
 OverlayStep overlayGeometry(int index, int step, Surface surface);
 
+/// "M" ... "O": whether a picture of the surface's size is too large to be stretched in every step.
+bool halvesPicture(int index, Surface surface);
+
 // Copies of one step, appended to `copies`.
 void stretchCopies(int index, int step, Surface surface, std::vector<CopyRect>& copies);  // "M" ... "O"
 void spiralCopies(int step, Surface surface, std::vector<CopyRect>& copies);              // "P"
