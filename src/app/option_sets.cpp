@@ -2,10 +2,9 @@
 
 #include <windows.h>
 
+#include "app/folder_choice.h"
 #include "app/option_set.h"
 #include "app/pause_time.h"
-#include "platform/directory.h"
-#include "platform/error.h"
 
 namespace app {
 
@@ -25,9 +24,9 @@ void OptionSets::load() {
     parts_.Musik.setValue(set.music);
     parts_.Check1.setValue(set.effects);
     if (parts_.state.rememberedFolder.empty()) {
-        loadFolder(set.drive, set.dir);
+        chooseFolder(parts_.Drive1, parts_.Dir1, set.drive, set.dir);
     } else {
-        loadFolder(parts_.state.rememberedDrive, parts_.state.rememberedFolder);
+        chooseFolder(parts_.Drive1, parts_.Dir1, parts_.state.rememberedDrive, parts_.state.rememberedFolder);
     }
     if (index >= 0 && index < parts_.File1.count()) {
         parts_.File1.setSelectedIndex(index);
@@ -38,18 +37,6 @@ void OptionSets::load() {
         parts_.state.rememberedFolder.clear();
     }
     parts_.Pic2.show();
-}
-
-// A drive that is not there or holds no medium, or a folder that is gone, leaves the lists as they are.
-void OptionSets::loadFolder(const std::wstring& drive, const std::wstring& folder) {
-    if (!platform::folderExists(drive + L"\\")) {
-        return;
-    }
-    try {
-        parts_.Drive1.setDrive(drive);
-        parts_.Dir1.setPath(folder);
-    } catch (const platform::Error&) {
-    }
 }
 
 void OptionSets::store() {

@@ -52,8 +52,6 @@ class OptionSets {
     void showFolderNames();
 
   private:
-    void loadFolder(const std::wstring& drive, const std::wstring& folder);
-
     Parts parts_;
 };
 

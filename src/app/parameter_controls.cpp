@@ -2,9 +2,8 @@
 
 #include <utility>
 
+#include "app/folder_choice.h"
 #include "app/pause_time.h"
-#include "platform/directory.h"
-#include "platform/error.h"
 
 namespace app {
 
@@ -16,7 +15,9 @@ void ParameterControls::apply(const Parameters& parameters) {
         parts_.chooseSet(*parameters.optionIndex);
         parts_.Option1[static_cast<std::size_t>(*parameters.optionIndex)]->setSelected(true);
     }
-    applyFolder(parameters);
+    if (parameters.drive) {
+        chooseFolder(parts_.Drive1, parts_.Dir1, *parameters.drive, parameters.folder);
+    }
     if (parameters.pauseText) {
         parts_.IntT.setText(*parameters.pauseText);
         if (const auto scroll = pauseScrollOf(*parameters.pauseText)) {
@@ -37,20 +38,6 @@ void ParameterControls::apply(const Parameters& parameters) {
         if (*parameters.startIndex < parts_.File1.count()) {
             parts_.File1.setSelectedIndex(*parameters.startIndex);
         }
-    }
-}
-
-void ParameterControls::applyFolder(const Parameters& parameters) {
-    // A missing drive, medium or folder leaves the lists where they are, without a message.
-    if (!parameters.drive || !platform::folderExists(*parameters.drive + L"\\")) {
-        return;
-    }
-    try {
-        parts_.Drive1.setDrive(*parameters.drive);
-        if (parameters.folder) {
-            parts_.Dir1.setPath(*parameters.folder);
-        }
-    } catch (const platform::Error&) {
     }
 }
 

@@ -45,7 +45,6 @@ class ParameterControls {
 
   private:
     ParameterState now() const;
-    void applyFolder(const Parameters& parameters);
 
     Parts parts_;
 };
