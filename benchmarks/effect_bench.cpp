@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "bench_main.h"
+#include "idle_loop.h"
 #include "show/transition_runner.h"
 #include "support/virtual_loop.h"
 #include "ui/check_box.h"
@@ -32,21 +33,8 @@ double clockMs() {
     return 1000.0 * static_cast<double>(counter.QuadPart) / static_cast<double>(frequency.QuadPart);
 }
 
-/// A loop without waiting times that tells when it has nothing left to do: the drawing is on its way to the
-/// screen then.
-class StepLoop : public support::VirtualLoop {
-  public:
-    std::function<void()> onIdle;
-
-  protected:
-    void block(double due) override {
-        GdiFlush();
-        if (onIdle) {
-            onIdle();
-        }
-        VirtualLoop::block(due);
-    }
-};
+/// Without waiting times.
+using StepLoop = IdleLoop<support::VirtualLoop>;
 
 /// The show surface as large as the screen, with real controls. A loop must be there already.
 class Stage {

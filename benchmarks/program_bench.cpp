@@ -21,16 +21,16 @@ POINT markPlace() {
 
 double emptyWindowShown() {
     return milliseconds([] {
-        const RunProgram program(emptyWindowExe());
-        program.waitForColour(markPlace(), kMarks[0]);
+        const support::ChildProcess program(emptyWindowExe(), L"");
+        waitForColour(program, markPlace(), kMarks[0]);
     });
 }
 
 double firstPictureShown() {
     const std::wstring folder = markedFolder(kMarkCount);
     return milliseconds([&] {
-        const RunProgram program(panorellExe(), folder + L" P=60 M=0 R=1");
-        program.waitForColour(markPlace(), kMarks[0]);
+        const support::ChildProcess program(panorellExe(), folder + L" P=60 M=0 R=1");
+        waitForColour(program, markPlace(), kMarks[0]);
     });
 }
 
@@ -44,16 +44,16 @@ struct ShowMemory {
 ShowMemory measureShow() {
     constexpr int kShort = 100;
     constexpr int kLong = 500;
-    const RunProgram program(panorellExe(), markedFolder(kLong) + L" P=60 E=1 M=0 R=1");
-    program.waitForColour(markPlace(), kMarks[0]);
+    const support::ChildProcess program(panorellExe(), markedFolder(kLong) + L" P=60 E=1 M=0 R=1");
+    waitForColour(program, markPlace(), kMarks[0]);
     ShowMemory memory;
     double early = 0;
     for (int i = 1; i < kLong; ++i) {
         PostMessageW(program.window(L"Form1"), WM_KEYDOWN, VK_RIGHT, 1);
-        program.waitForColour(markPlace(), kMarks[i % kMarkCount]);
-        const auto now = static_cast<double>(program.workingSet());
+        waitForColour(program, markPlace(), kMarks[i % kMarkCount]);
+        const auto now = static_cast<double>(program.memory().now);
         if (i == kShort - 1) {
-            memory.peakShort = static_cast<double>(program.peakWorkingSet()) / kMegabyte;
+            memory.peakShort = static_cast<double>(program.memory().peak) / kMegabyte;
         }
         // The highest of a dozen pictures, since a picture in the making counts or not by chance.
         if (i >= kShort - 12 && i < kShort) {
@@ -63,7 +63,7 @@ ShowMemory measureShow() {
         }
     }
     memory.growth = (memory.growth - early) / kMegabyte;
-    memory.peakLong = static_cast<double>(program.peakWorkingSet()) / kMegabyte;
+    memory.peakLong = static_cast<double>(program.memory().peak) / kMegabyte;
     return memory;
 }
 

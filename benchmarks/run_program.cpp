@@ -1,14 +1,10 @@
 #include "run_program.h"
 
-#include <psapi.h>
-
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 #include <thread>
-
-#include "platform/error.h"
 
 namespace bench {
 
@@ -16,34 +12,6 @@ namespace {
 
 constexpr int kPollMs = 2;
 constexpr int kColourTolerance = 24;
-
-struct WindowSearch {
-    DWORD process;
-    const wchar_t* className;
-    HWND found;
-};
-
-BOOL CALLBACK findWindow(HWND window, LPARAM parameter) {
-    auto& search = *reinterpret_cast<WindowSearch*>(parameter);
-    DWORD owner = 0;
-    GetWindowThreadProcessId(window, &owner);
-    wchar_t name[64] = {};
-    GetClassNameW(window, name, 64);
-    if (owner != search.process || !IsWindowVisible(window) || lstrcmpW(name, search.className) != 0) {
-        return TRUE;
-    }
-    search.found = window;
-    return FALSE;
-}
-
-PROCESS_MEMORY_COUNTERS countersOf(HANDLE process) {
-    PROCESS_MEMORY_COUNTERS counters{};
-    counters.cb = sizeof(counters);
-    if (!GetProcessMemoryInfo(process, &counters, sizeof(counters))) {
-        throw platform::Error("GetProcessMemoryInfo", GetLastError());
-    }
-    return counters;
-}
 
 bool isClose(std::uint32_t one, std::uint32_t other) {
     for (int shift = 0; shift < 24; shift += 8) {
@@ -65,48 +33,10 @@ std::filesystem::path ownFolder() {
 
 }  // namespace
 
-RunProgram::RunProgram(const std::wstring& exe, const std::wstring& arguments) {
-    std::wstring commandLine = L"\"" + exe + L"\" " + arguments;
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION started{};
-    if (!CreateProcessW(exe.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &started)) {
-        throw platform::Error("CreateProcessW", GetLastError());
-    }
-    CloseHandle(started.hThread);
-    process_ = platform::Object(started.hProcess);
-    id_ = started.dwProcessId;
-}
-
-RunProgram::~RunProgram() {
-    constexpr DWORD kPatienceMs = 10'000;
-    TerminateProcess(process_.get(), 0);
-    WaitForSingleObject(process_.get(), kPatienceMs);
-}
-
-bool RunProgram::running() const {
-    return WaitForSingleObject(process_.get(), 0) == WAIT_TIMEOUT;
-}
-
-HWND RunProgram::window(const wchar_t* className) const {
-    WindowSearch search{id_, className, nullptr};
-    EnumWindows(findWindow, reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
-
-std::size_t RunProgram::peakWorkingSet() const {
-    return countersOf(process_.get()).PeakWorkingSetSize;
-}
-
-std::size_t RunProgram::workingSet() const {
-    return countersOf(process_.get()).WorkingSetSize;
-}
-
-void RunProgram::waitForColour(POINT place, std::uint32_t colour) const {
+void waitForColour(const support::ChildProcess& program, POINT place, std::uint32_t colour) {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
     while (!isClose(screenColour(place), colour)) {
-        if (!running()) {
+        if (!program.running()) {
             throw std::runtime_error("the program ended");
         }
         if (std::chrono::steady_clock::now() > deadline) {

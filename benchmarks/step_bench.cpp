@@ -8,6 +8,7 @@
 
 #include "app/application.h"
 #include "bench_main.h"
+#include "idle_loop.h"
 #include "photographs.h"
 #include "run_program.h"
 #include "ui/windows_loop.h"
@@ -22,25 +23,10 @@ class NoMedia : public media::MediaControl {
     media::MediaReply send(const std::string&, int) override { return {}; }
 };
 
-/// Tells when nothing is left to do: the drawing is on its way to the screen then.
-class IdleLoop : public ui::WindowsLoop {
-  public:
-    std::function<void()> onIdle;
-
-  protected:
-    void block(double due) override {
-        GdiFlush();
-        if (onIdle) {
-            onIdle();
-        }
-        WindowsLoop::block(due);
-    }
-};
-
 /// The median of a show's steps with effect "A", each picture long decoded when its turn comes.
 double step() {
     constexpr int kSteps = 9;
-    IdleLoop loop;
+    IdleLoop<ui::WindowsLoop> loop;
     NoMedia media;
     app::Application application(loop, media, temporaryFolder());
     application.load(markedFolder(kMarkCount) + L" P=3 E=1 M=0 R=1");

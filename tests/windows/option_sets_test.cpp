@@ -4,6 +4,7 @@
 
 #include <fstream>
 #include <sstream>
+#include <vector>
 
 #include "support/app_stage.h"
 
@@ -11,6 +12,7 @@ namespace app {
 namespace {
 
 using support::AppStage;
+using testing::ElementsAre;
 using testing::HasSubstr;
 
 std::string narrow(const std::wstring& text) {
@@ -29,6 +31,11 @@ class OptionSetsTest : public testing::Test {
         stage.click(form().Option1[static_cast<std::size_t>(index)]);
         stage.previewed();
     }
+    /// LoopC, ShowFN, MUTE, Musik, Check1.
+    std::vector<int> boxes() {
+        return {form().LoopC.value(), form().ShowFN.value(), form().MUTE.value(), form().Musik.value(),
+                form().Check1.value()};
+    }
     AppStage stage;
 };
 
@@ -45,11 +52,7 @@ TEST_F(OptionSetsTest, WithoutAFileEverySetHasTheDefaults) {
         EXPECT_EQ(stage.state().CurrentSet, L"Set" + std::to_wstring(i + 1));
         EXPECT_EQ(form().IntT.text(), L"5");
         EXPECT_EQ(form().IntS.value(), 56);
-        EXPECT_EQ(form().LoopC.value(), 0);
-        EXPECT_EQ(form().ShowFN.value(), 0);
-        EXPECT_EQ(form().MUTE.value(), 1);
-        EXPECT_EQ(form().Musik.value(), 1);
-        EXPECT_EQ(form().Check1.value(), 1);
+        EXPECT_THAT(boxes(), ElementsAre(0, 0, 1, 1, 1));
         EXPECT_EQ(form().Drive1.drive(), L"C:");
         EXPECT_EQ(form().Dir1.path(), L"C:\\");
         EXPECT_TRUE(form().Option1[static_cast<std::size_t>(i)].selected());
@@ -72,11 +75,7 @@ TEST_F(OptionSetsTest, StoredValuesComeBackExactly) {
     choose(2);
     EXPECT_EQ(form().IntT.text(), L"42");
     EXPECT_EQ(form().IntS.value(), 19);
-    EXPECT_EQ(form().LoopC.value(), 1);
-    EXPECT_EQ(form().ShowFN.value(), 2);
-    EXPECT_EQ(form().MUTE.value(), 0);
-    EXPECT_EQ(form().Musik.value(), 2);
-    EXPECT_EQ(form().Check1.value(), 0);
+    EXPECT_THAT(boxes(), ElementsAre(1, 2, 0, 2, 0));
     EXPECT_EQ(form().Dir1.path(), stage.pictures.path());
 }
 
@@ -121,11 +120,7 @@ TEST_F(OptionSetsTest, UnusableValuesDoNoHarm) {
     stage.load();
     EXPECT_EQ(form().IntT.text(), L"ab");
     EXPECT_EQ(form().IntS.value(), 56);
-    EXPECT_EQ(form().LoopC.value(), 0);
-    EXPECT_EQ(form().ShowFN.value(), 0);
-    EXPECT_EQ(form().MUTE.value(), 1);
-    EXPECT_EQ(form().Musik.value(), 1);
-    EXPECT_EQ(form().Check1.value(), 1);
+    EXPECT_THAT(boxes(), ElementsAre(0, 0, 1, 1, 1));
     EXPECT_EQ(stage.system.count("tray add"), 1) << "the program has come up";
 }
 

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "program/support/handle.h"
 #include "program/support/temporary_folder.h"
 #include "program/support/wait.h"
+#include "support/child_process.h"
 
 namespace program {
 
@@ -31,11 +31,11 @@ class Program {
     const TemporaryFolder& folder() const { return folder_; }
     std::wstring settingsFile() const { return folder_.file(L"Panorell.ini"); }
 
-    DWORD processId() const { return processId_; }
-    bool running() const;
+    DWORD processId() const { return process_.id(); }
+    bool running() const { return process_.running(); }
 
     /// The exit code, nothing while the process runs or was never started.
-    std::optional<DWORD> exitCode() const;
+    std::optional<DWORD> exitCode() const { return process_.exitCode(); }
 
     /// Waits for the process to end by itself.
     testing::AssertionResult ends(std::chrono::milliseconds timeout = kPatience) const;
@@ -45,14 +45,9 @@ class Program {
     HWND window(const wchar_t* className = L"Form1", std::chrono::milliseconds timeout = kPatience) const;
 
     /// A visible top-level window of this class if there is one now, else nullptr.
-    HWND windowNow(const wchar_t* className) const;
+    HWND windowNow(const wchar_t* className) const { return process_.window(className); }
 
-    /// The main memory in use, in bytes: now and the most so far.
-    struct Memory {
-        std::size_t now = 0;
-        std::size_t peak = 0;
-    };
-    Memory memory() const;
+    support::ChildProcess::Memory memory() const { return process_.memory(); }
 
     /// The other running processes of the same executable: what the program started to replace itself.
     std::vector<DWORD> successors() const;
@@ -69,8 +64,7 @@ class Program {
 
     TemporaryFolder folder_;
     std::wstring exe_;
-    Handle process_;
-    DWORD processId_ = 0;
+    support::ChildProcess process_;
 };
 
 /// Whether the window answers messages within a second.
