@@ -56,6 +56,19 @@ TEST_F(PreviewTest, AClickShowsItsPictureAndIsRemembered) {
     EXPECT_EQ(stage.state().StartIndex, 1);
 }
 
+TEST_F(PreviewTest, TheArrowKeysOfTheListChooseToo) {
+    stage.picture(L"a.jpg", kRed);
+    stage.picture(L"b.jpg", kGreen);
+    stage.loadFolder(L" L=0");
+    form().File1.setFocus();
+    stage.key(VK_DOWN);
+    ASSERT_TRUE(stage.previewed());
+    EXPECT_EQ(form().File1.selectedIndex(), 1);
+    EXPECT_EQ(stage.state().StartIndex, 1);
+    EXPECT_TRUE(support::alike(stage.shown(), kGreen));
+    EXPECT_TRUE(form().File1.hasFocus()) << "the next key goes there as well";
+}
+
 TEST_F(PreviewTest, EndingsInCapitalsArePicturesToo) {
     stage.picture(L"A.JPG", kRed);
     stage.loadFolder();
