@@ -60,7 +60,7 @@ class Words {
         if (end == std::string_view::npos) {
             throw Refused{MediaError::NoClosingQuote};
         }
-        const std::string path(rest_.substr(1, end - 1));
+        std::string path(rest_.substr(1, end - 1));
         if (end + 1 < rest_.size() && !isBlank(rest_[end + 1])) {
             throw Refused{MediaError::UnrecognizedKeyword};
         }

@@ -86,7 +86,7 @@ class RowBuffer {
     RowBuffer(RowSource& source, int x, int width, int endRow)
         : source_(source), x_(x), width_(width), endRow_(endRow) {
         constexpr std::size_t kAlignment = 32;
-        constexpr std::size_t kCacheBytes = 256 * 1024;
+        constexpr std::size_t kCacheBytes = 256U * 1024U;
         const std::size_t rowBytes = static_cast<std::size_t>(width) * kBytesPerPixel;
         stride_ = (rowBytes + kAlignment - 1) / kAlignment * kAlignment;
         capacity_ = static_cast<int>(std::max<std::size_t>(8, kCacheBytes / stride_));
@@ -174,8 +174,9 @@ void scalePicture(const ScaleJob& job, RowSource& source, const PixelView& targe
         sumRows(buffer, window, rows.weights.data() + window.weights, samples, sums, line.data());
         std::uint32_t* pixel = target.at(0, y);
         for (const Window& column : columns.windows) {
-            *pixel = weightedPixel(line.data() + (column.first - columns.first) * kBytesPerPixel,
-                                   (column.count + 1) / 2, columns.weights.data() + column.weights);
+            *pixel =
+                weightedPixel(line.data() + std::ptrdiff_t{column.first - columns.first} * kBytesPerPixel,
+                              (column.count + 1) / 2, columns.weights.data() + column.weights);
             pixel += target.xStep;
         }
     }

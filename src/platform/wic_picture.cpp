@@ -19,7 +19,8 @@ std::optional<PictureSize> findReducedSize(BitmapSourceTransform& transform, Pic
     const double least = std::max(static_cast<double>(minimum.width) / full.width,
                                   static_cast<double>(minimum.height) / full.height);
     // The closest size may lie below the wanted one; then a larger one is asked for.
-    for (double scale = least; scale < 1; scale *= 2) {
+    double scale = least;
+    while (scale < 1) {
         UINT width = static_cast<UINT>(std::ceil(full.width * scale));
         UINT height = static_cast<UINT>(std::ceil(full.height * scale));
         if (FAILED(transform.GetClosestSize(&width, &height))) {
@@ -30,6 +31,7 @@ std::optional<PictureSize> findReducedSize(BitmapSourceTransform& transform, Pic
             return found.width < full.width && found.height < full.height ? std::optional(found)
                                                                           : std::nullopt;
         }
+        scale *= 2;
     }
     return std::nullopt;
 }

@@ -89,7 +89,7 @@ void FolderList::refresh() {
     }
 }
 
-void FolderList::show(const std::wstring& path, std::vector<std::wstring> subFolders) {
+void FolderList::show(const std::wstring& path, const std::vector<std::wstring>& subFolders) {
     std::vector<Row> rows;
     std::vector<std::wstring> names;
     int depth = 0;

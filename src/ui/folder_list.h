@@ -44,7 +44,7 @@ class FolderList : public ListBox {
         std::wstring path;
         int depth = 0;
     };
-    void show(const std::wstring& path, std::vector<std::wstring> subFolders);
+    void show(const std::wstring& path, const std::vector<std::wstring>& subFolders);
 
     std::wstring path_;
     std::vector<Row> rows_;

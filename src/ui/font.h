@@ -11,6 +11,7 @@ struct FontSpec {
     std::wstring face = L"Segoe UI";
     float points = 9.0F;
     bool bold = false;
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check mistakes the comparison that the compiler writes.
     friend auto operator<=>(const FontSpec&, const FontSpec&) = default;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <span>
 
 namespace ui {
 
@@ -167,12 +168,9 @@ Path& Path::line(PathPoint from, PathPoint to, float width) {
 }
 
 Path& Path::lines(std::initializer_list<PathPoint> points, float width) {
-    const PathPoint* former = nullptr;
-    for (const PathPoint& point : points) {
-        if (former != nullptr) {
-            line(*former, point, width);
-        }
-        former = &point;
+    const std::span corners(points);
+    for (std::size_t i = 1; i < corners.size(); ++i) {
+        line(corners[i - 1], corners[i], width);
     }
     return *this;
 }
