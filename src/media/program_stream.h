@@ -25,7 +25,7 @@ struct ProgramStream {
 };
 
 /// How much of a file's beginning and of its end tells all: the last packets with a time stamp lie in it.
-inline constexpr std::size_t kProgramStreamWindow = 512U * 1024U;
+inline constexpr std::size_t kProgramStreamWindow = std::size_t{512} * 1024;
 
 /// Reads `head` (the file's first bytes) and `tail` (its last ones; the whole file may be both).
 /// Nothing if it is no program stream with video in it, too damaged to tell where it ends, or as it seems

@@ -86,7 +86,7 @@ class RowBuffer {
     RowBuffer(RowSource& source, int x, int width, int endRow)
         : source_(source), x_(x), width_(width), endRow_(endRow) {
         constexpr std::size_t kAlignment = 32;
-        constexpr std::size_t kCacheBytes = 256U * 1024U;
+        constexpr std::size_t kCacheBytes = std::size_t{256} * 1024;
         const std::size_t rowBytes = static_cast<std::size_t>(width) * kBytesPerPixel;
         stride_ = (rowBytes + kAlignment - 1) / kAlignment * kAlignment;
         capacity_ = static_cast<int>(std::max<std::size_t>(8, kCacheBytes / stride_));

@@ -124,7 +124,7 @@ DecodedPicture decodeScaledToFit(const std::wstring& path, int maxWidth, int max
 std::optional<DecodedPicture> decodeEmbeddedThumbnail(const std::wstring& path, int surfaceWidth,
                                                       int surfaceHeight, const PlacementRule& rule) {
     // The camera's notes and the picture's size stand within the first segments, of 64 KB each.
-    constexpr std::size_t kHeadBytes = 256U * 1024U;
+    constexpr std::size_t kHeadBytes = std::size_t{256} * 1024;
     std::vector<std::uint8_t> head = readFileBytes(path, kHeadBytes);
     const ExifInfo exif = readExif(head);
     const auto picture = readPictureSize(head);
