@@ -146,7 +146,13 @@ void ShowControls::rightButton() {
 }
 
 void ShowControls::leftButton() {
-    if (parts_.state.quickStepPending) {
+    if (parts_.show.atEnd()) {
+        parts_.pointer.show();
+        return;
+    }
+    // The second of two quick clicks on a show that waits belongs to the step that the first one asked for.
+    const bool waits = parts_.state.showMode == kByHand || parts_.state.pausedFlag == 1;
+    if (parts_.state.quickStepPending && waits) {
         return;
     }
     if (parts_.Timer1.enabled()) {

@@ -7,6 +7,7 @@
 
 #include "app/file_filter.h"
 #include "app/pause_time.h"
+#include "app/resource_ids.h"
 #include "media/fade_rule.h"
 #include "show/caption_rule.h"
 #include "show/step_rule.h"
@@ -16,6 +17,8 @@ namespace show {
 namespace {
 
 constexpr int kEndWaitMs = 1000;
+/// Diameter of the end button's corners in twips, a little more than it draws them with.
+constexpr float kEndButtonCorner = 210;
 /// Pictures decoded ahead of the one shown, besides the one before it.
 constexpr int kAhead = 2;
 
@@ -56,7 +59,8 @@ void Slideshow::start() {
     const SIZE size = parts_.screen.size();
     parts_.state.screenWidth = size.cx;
     parts_.state.screenHeight = size.cy;
-    SetCursorPos(parts_.screen.rectangle().left, parts_.screen.rectangle().top);
+    SetCursorPos(0, 0);
+    usePointer();
     parts_.Pic1.movePixels(0, 0, size.cx, size.cy);
     parts_.screen.arrange();
     parts_.Pic2.movePixels(0, 0, size.cx, size.cy);
@@ -66,14 +70,19 @@ void Slideshow::start() {
     showFirst();
 }
 
+void Slideshow::usePointer() {
+    const HCURSOR pointer = LoadCursorW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(PANORELL_POINTER));
+    parts_.Pic2.setPointer(pointer);
+    parts_.Pic3.setPointer(pointer);
+}
+
 void Slideshow::showFirst() {
     const SIZE size = parts_.screen.size();
     parts_.state.currentPicture = pathOf(parts_.state.pictureIndex);
     parts_.Pic2.clear();
     parts_.Pic3.clear();
-    const bool isVideo = app::isVideoName(parts_.state.currentPicture);
     bool loaded = true;
-    if (isVideo) {
+    if (app::isVideoName(parts_.state.currentPicture)) {
         parts_.Pic2.show();
         parts_.video.videoShowing = 1;
         parts_.video.OpenAndPlayVideo(parts_.state.currentPicture);
@@ -92,7 +101,7 @@ void Slideshow::showFirst() {
     parts_.Pic2.show();
     UpdateWindow(parts_.Pic2.hwnd());
     parts_.pointer.hide();
-    if (!isVideo) {
+    if (loaded) {
         applyScript(script::ScriptPlayer::kFull);
     }
     parts_.captions.updateInformation(parts_.runner.currentEffect);
@@ -271,13 +280,17 @@ void Slideshow::endOfList() {
     parts_.Timer1.setEnabled(false);
     parts_.Timer5.setEnabled(false);
     parts_.Text1.hide();
-    SetCursorPos(parts_.screen.rectangle().left, parts_.screen.rectangle().top);
+    SetCursorPos(0, 0);
     if (parts_.video.videoShowing == 1) {
         parts_.video.CaptureLastFrameAndClose();
     }
     parts_.captions.end();
+    roundEndButton();
     parts_.EOT.toFront();
     parts_.EOT.show();
+    // The end button is there to be clicked.
+    hidePointerAgain_ = parts_.pointer.pointerHidden() != 0;
+    parts_.pointer.show();
     parts_.Pic2.setFocus();
     parts_.Pic3.drop();
     parts_.loop.doEvents();
@@ -299,8 +312,19 @@ void Slideshow::fadeMusicOut() {
     }
 }
 
+// Beside its round corners the button would paint the window's black onto the picture.
+void Slideshow::roundEndButton() {
+    const SIZE size = parts_.EOT.clientSize();
+    const int corner = ui::toPixels(kEndButtonCorner, parts_.EOT.dpi());
+    // The window owns the region from here on.
+    SetWindowRgn(parts_.EOT.hwnd(), CreateRoundRectRgn(0, 0, size.cx + 1, size.cy + 1, corner, corner), TRUE);
+}
+
 void Slideshow::leaveEnd() {
     parts_.EOT.hide();
+    if (hidePointerAgain_) {
+        parts_.pointer.hide();
+    }
     if (parts_.player.playing()) {
         parts_.player.sendVolume(parts_.music.musicVolume);
         parts_.Timer5.setEnabled(true);

@@ -85,11 +85,13 @@ class Slideshow {
 
   private:
     void tick();
+    void usePointer();
     void showFirst();
     void showVideo();
     void showPicture();
     void passOver();
     void endOfList();
+    void roundEndButton();
     void leaveEnd();
     void fadeMusicOut();
     void applyScript(int mode);
@@ -101,6 +103,8 @@ class Slideshow {
     bool ended_ = false;
     /// Whether the last step was one back, so that a damaged picture is passed over in that direction.
     bool backwards_ = false;
+    /// Whether the end button showed the pointer, which going back into the show hides.
+    bool hidePointerAgain_ = false;
 };
 
 }  // namespace show

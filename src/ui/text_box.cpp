@@ -23,6 +23,7 @@ DWORD styleOf(const TextBox::Options& options) {
 TextBox::TextBox(const CreateArgs& args, const Options& options)
     : Control(args),
       multiLine_(options.multiLine),
+      mouse_(options.mouse),
       colour_(theme::kText),
       ground_(kPaper),
       lastText_(args.text) {
@@ -142,6 +143,11 @@ void TextBox::onFocus(bool gained) {
     if (onFocusChange) {
         onFocusChange(gained);
     }
+}
+
+bool TextBox::onHitTest(POINT, LRESULT& where) {
+    where = HTTRANSPARENT;
+    return !mouse_;
 }
 
 bool TextBox::onChar(wchar_t character) {

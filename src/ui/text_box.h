@@ -17,7 +17,8 @@ class TextBox : public Control {
         bool multiLine = false;
         bool readOnly = false;
         bool border = true;
-        int longest = 0;  ///< most characters that can be typed; 0: no bound
+        bool mouse = true;  ///< false: what lies below the box gets its mouse events
+        int longest = 0;    ///< most characters that can be typed; 0: no bound
     };
 
     TextBox(const CreateArgs& args, const Options& options);
@@ -42,6 +43,7 @@ class TextBox : public Control {
     bool onReflected(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
     void onFocus(bool gained) override;
     bool onChar(wchar_t character) override;
+    bool onHitTest(POINT screen, LRESULT& where) override;
 
   private:
     void changed();
@@ -49,6 +51,7 @@ class TextBox : public Control {
     void paintMargins();
 
     bool multiLine_;
+    bool mouse_;
     bool settingText_ = false;
     Rgb colour_;
     Rgb ground_;

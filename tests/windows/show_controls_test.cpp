@@ -262,6 +262,40 @@ TEST(Mouse, TwoQuickClicksOfAPausedShowAreOneStep) {
     EXPECT_EQ(stage.state.pictureIndex, 1);
 }
 
+TEST(Mouse, LeftPausesAShowThatStepsQuickly) {
+    RunningShow stage;
+    for (int i = 0; i < 5; ++i) {  // RIGHT held down
+        stage.key(VK_RIGHT);
+        stage.loop.advance(33);
+    }
+    stage.key(VK_RIGHT);
+    ASSERT_TRUE(stage.state.quickStepPending);
+    const int standing = stage.state.pictureIndex;
+    stage.controls->mousePressed(ui::MouseButton::Left);
+    EXPECT_EQ(stage.state.showMode, kByHand);
+    EXPECT_EQ(stage.pointer.pointerHidden(), 0);
+    stage.loop.advance(10'000);
+    EXPECT_EQ(stage.state.pictureIndex, standing);
+}
+
+TEST(Mouse, TwoQuickClicksOfAShowHeldByDownAreOneStep) {
+    RunningShow stage;
+    stage.key(VK_DOWN);
+    stage.controls->mousePressed(ui::MouseButton::Left);
+    stage.controls->mousePressed(ui::MouseButton::Left);
+    stage.loop.advance(10'000);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
+}
+
+TEST(Mouse, PausePutsThePointerInTheMiddleOfTheScreen) {
+    RunningShow stage;
+    stage.controls->mousePressed(ui::MouseButton::Left);
+    POINT place{};
+    GetCursorPos(&place);
+    EXPECT_EQ(place.x, 80);
+    EXPECT_EQ(place.y, 60);
+}
+
 TEST(Mouse, RightGoesOnByItself) {
     RunningShow stage;
     stage.key(VK_DOWN);
@@ -282,6 +316,25 @@ TEST(Mouse, BlankContinuesAfterALeftClick) {
     EXPECT_EQ(stage.pointer.pointerHidden(), 1);
     stage.loop.advance(5010);
     EXPECT_EQ(stage.state.pictureIndex, 1);
+}
+
+TEST(AfterTheEnd, ThePointerIsThereForTheEndButtonAndGoesWithIt) {
+    RunningShow stage({L"a1.jpg"});
+    SetCursorPos(50, 50);
+    ASSERT_EQ(stage.pointer.pointerHidden(), 1);
+    stage.loop.advance(7000);
+    EXPECT_EQ(stage.pointer.pointerHidden(), 0);
+    POINT place{};
+    GetCursorPos(&place);
+    EXPECT_EQ(place.x, 0);
+    EXPECT_EQ(place.y, 0);
+    stage.key(VK_LEFT);
+    EXPECT_EQ(stage.pointer.pointerHidden(), 1);
+    stage.loop.advance(7000);
+    ASSERT_TRUE(stage.show.atEnd());
+    stage.pointer.hide();
+    stage.controls->mousePressed(ui::MouseButton::Left);
+    EXPECT_EQ(stage.pointer.pointerHidden(), 0);
 }
 
 TEST(Mouse, ClicksAfterTheEndDoNothing) {

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "platform/handles.h"
 #include "support/show_stage.h"
 
 namespace show {
@@ -75,6 +76,28 @@ TEST(SlideshowStart, BlankReplacesTheFirstPicturesPause) {
     EXPECT_EQ(stage.state.showMode, kAutomatically);
     EXPECT_EQ(stage.Timer1.interval(), 5000);
     EXPECT_TRUE(stage.Timer1.enabled());
+}
+
+TEST(SlideshowStart, AVideosCaptionIsShownAsWell) {
+    ShowStage stage({L"A.MPG", L"b2.jpg"});
+    writeScript(stage, "A Der Film *P=9\r\n");
+    stage.show.start();
+    EXPECT_EQ(stage.video.videoShowing, 1);
+    EXPECT_TRUE(stage.UT.visible());
+    EXPECT_EQ(stage.UT.text(), L"Der Film ");
+    EXPECT_FALSE(stage.Timer1.enabled());
+    stage.loop.advance(4500);
+    EXPECT_FALSE(stage.UT.visible());
+}
+
+TEST(SlideshowStart, MovesThePointerOutOfTheWay) {
+    ShowStage stage(kThree);
+    SetCursorPos(50, 50);
+    stage.show.start();
+    POINT place{};
+    GetCursorPos(&place);
+    EXPECT_EQ(place.x, 0);
+    EXPECT_EQ(place.y, 0);
 }
 
 TEST(SlideshowStep, FollowsTheListWithThePauseOfTheBar) {
@@ -152,6 +175,23 @@ TEST(SlideshowEnd, KeepsTheLastPictureUnderTheEndButton) {
     EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"c3.jpg"));
 }
 
+TEST(SlideshowEnd, TheEndButtonLeavesThePictureBesideItsCornersAlone) {
+    ShowStage stage({L"a1.jpg"});
+    stage.EOT.movePixels(40, 40, 80, 40);
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(7000);
+    ASSERT_TRUE(stage.EOT.visible());
+    const platform::Region region(CreateRectRgn(0, 0, 0, 0));
+    ASSERT_NE(GetWindowRgn(stage.EOT.hwnd(), region.get()), ERROR);
+    for (const POINT corner : {POINT{0, 0}, POINT{79, 0}, POINT{0, 39}, POINT{79, 39}}) {
+        EXPECT_FALSE(PtInRegion(region.get(), corner.x, corner.y)) << corner.x << ' ' << corner.y;
+    }
+    for (const POINT edge : {POINT{40, 0}, POINT{40, 39}, POINT{0, 20}, POINT{79, 20}}) {
+        EXPECT_TRUE(PtInRegion(region.get(), edge.x, edge.y)) << edge.x << ' ' << edge.y;
+    }
+}
+
 TEST(SlideshowEnd, LoopBeginsAgainAfterTheLastPause) {
     ShowStage stage(kThree);
     stage.LoopC.setValue(1);
@@ -203,6 +243,61 @@ TEST(SlideshowDamage, UnloadablePictureIsPassedOver) {
     EXPECT_EQ(stage.state.pictureIndex, 2);
     EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"c3.jpg"));
     EXPECT_EQ(stage.Timer1.interval(), 5000);
+}
+
+TEST(SlideshowDamage, FirstPictureIsPassedOverQuietly) {
+    ShowStage stage(kThree);
+    stage.pictures.damaged = {L"a1.jpg"};
+    stage.ShowFN.setValue(1);
+    writeScript(stage, "a1 Titel\r\n");
+    stage.show.start();
+    EXPECT_FALSE(stage.UT.visible()) << "no caption of a picture that is not there";
+    EXPECT_EQ(stage.shown(), 0U);
+    EXPECT_FALSE(stage.Timer3.enabled());
+    stage.loop.advance(150);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"b2.jpg"));
+    stage.loop.advance(60'000);
+    EXPECT_EQ(stage.state.pictureIndex, 1) << "by hand the show waits there";
+}
+
+TEST(SlideshowDamage, FirstPictureOfAnAutomaticShow) {
+    ShowStage stage(kThree);
+    stage.pictures.damaged = {L"a1.jpg"};
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(150);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
+    stage.loop.advance(4900);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
+    stage.loop.advance(100);
+    EXPECT_EQ(stage.state.pictureIndex, 2);
+}
+
+TEST(SlideshowDamage, LastPictureLeadsToTheEnd) {
+    ShowStage stage(kThree);
+    stage.pictures.damaged = {L"c3.jpg"};
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(10'300);
+    EXPECT_TRUE(stage.show.atEnd());
+    EXPECT_TRUE(stage.EOT.visible());
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"b2.jpg")) << "the last one that could be shown";
+    stage.key(VK_LEFT);
+    stage.loop.advance(300);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"b2.jpg"));
+}
+
+TEST(SlideshowDamage, LastPictureOfAnEndlessShowLeadsToTheFirst) {
+    ShowStage stage(kThree);
+    stage.pictures.damaged = {L"c3.jpg"};
+    stage.LoopC.setValue(1);
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(10'300);
+    EXPECT_EQ(stage.state.pictureIndex, 0);
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"a1.jpg"));
 }
 
 TEST(SlideshowDamage, IsPassedOverBackwardsToo) {
