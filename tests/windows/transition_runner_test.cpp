@@ -170,6 +170,40 @@ TEST_P(EffectOnScreen, CompletedInTheMiddleShowsTheNewPictureAtOnce) {
     EXPECT_EQ(stage.screen(), after);
 }
 
+// A copy effect draws onto the window alone: what another window that is moved across uncovers in its middle
+// is repainted with the old picture.
+TEST_P(EffectOnScreen, APaintInTheMiddleLeavesNoTrace) {
+    constexpr RECT kUncovered{20, 10, 120, 111};
+    const int index = GetParam();
+    const Picture before = painted(kWidth, kHeight, 0);
+    const Picture after = painted(kWidth, kHeight, kNewMark);
+    Stage stage(before, after);
+    ASSERT_TRUE(stage.shows(before));
+    const EffectPlan plan = effectPlan(index, kWidth, kHeight);
+    int drawn = 0;
+    int newPixels = 0;
+    stage.loop.onWait = [&] {
+        if (!stage.Timer2.enabled() || ++drawn != plan.stepCount * 9 / 10) {
+            return;
+        }
+        InvalidateRect(stage.Pic2.hwnd(), &kUncovered, FALSE);
+        const Picture screen = stage.screen();
+        for (int y = kUncovered.top; y < kUncovered.bottom; ++y) {
+            for (int x = kUncovered.left; x < kUncovered.right; ++x) {
+                newPixels += (screen.row(y)[x] & kNewMark) != 0 ? 1 : 0;
+            }
+        }
+    };
+    stage.runner.effectNumber = index + 1;
+    stage.runner.run([] {});
+    stage.loop.onWait = nullptr;
+    if (plan.family == EffectFamily::Copy) {
+        EXPECT_EQ(newPixels, 0) << "the old picture stands there in the meantime";
+    }
+    EXPECT_TRUE(stage.holds(after));
+    EXPECT_EQ(stage.screen(), after);
+}
+
 INSTANTIATE_TEST_SUITE_P(AtoZ, EffectOnScreen, testing::Range(0, kEffectCount), letterOf);
 
 TEST(TransitionRunner, AnEffectThatIsNoneShowsTheNewPicture) {
