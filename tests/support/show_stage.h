@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -31,9 +32,13 @@ class FakePictures : public show::PictureSource {
     }
     std::optional<show::ShowPicture> take(const std::wstring& path) override {
         taken.push_back(path);
+        if (onTake) {
+            onTake();
+        }
         if (damaged.count(path.substr(path.rfind(L'\\') + 1)) != 0) {
             return std::nullopt;
         }
+        lastLoaded = path;
         show::ShowPicture picture{400, 300, platform::Surface(width_, height_)};
         const std::uint32_t colour = colourOf(path);
         picture.surface.fill(RGB(colour >> 16 & 0xFF, colour >> 8 & 0xFF, colour & 0xFF));
@@ -52,6 +57,9 @@ class FakePictures : public show::PictureSource {
 
     std::set<std::wstring> damaged;
     std::vector<std::wstring> taken;
+    /// The last one that was no damaged one.
+    std::wstring lastLoaded;
+    std::function<void()> onTake;
     std::vector<std::wstring> prepared;
 
   private:
