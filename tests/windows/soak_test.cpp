@@ -20,7 +20,7 @@ constexpr int kItems = 20;
 constexpr int kWatchMs = 37;  // in the middle of whatever waits
 
 int stepsWanted() {
-    constexpr int kDefault = 400;
+    constexpr int kDefault = 500;
     const char* wanted = std::getenv("PANORELL_SOAK_STEPS");
     return wanted != nullptr ? std::atoi(wanted) : kDefault;
 }
@@ -197,7 +197,7 @@ TEST(SoakTest, KeepsItsInvariantsAndItsHandles) {
     EXPECT_LE(after.handles, before.handles + 2) << "the system's own come and go";
     constexpr std::size_t kSlack = 2U << 20;
     EXPECT_LE(after.memory, before.memory + kSlack);
-    if (steps >= 1000) {
+    if (steps >= 500) {
         EXPECT_EQ(soak.effectsSeen(), kEffectCount - 2) << "all that are drawn step by step";
         EXPECT_GT(soak.ends(), 0);
     }
