@@ -56,6 +56,10 @@ std::wstring Captions::fitted(const std::wstring& title) const {
             fits += step;
         }
     }
+    // Half a character would be shown as a box.
+    if (fits > 0 && IS_HIGH_SURROGATE(title[fits - 1])) {
+        --fits;
+    }
     return title.substr(0, fits) + kEllipsis;
 }
 

@@ -6,6 +6,7 @@
 
 #include "support/app_stage.h"
 #include "support/show_stage.h"
+#include "support/video_stage.h"
 
 namespace show {
 namespace {
@@ -328,6 +329,40 @@ TEST(Captions, StepWhileTheTitleSlidesEndsTheSlide) {
     EXPECT_LT(stage.UT.top(), ui::toTwips(120, stage.UT.dpi()) - stage.UT.height());
     stage.loop.advance(4500);
     EXPECT_FALSE(stage.UT.visible());
+}
+
+TEST(Captions, OfAVideoDoNotComeBackOverItsLastFrame) {
+    support::VideoStage stage({L"a.mpg", L"b.mpg"}, "1500");
+    stage.ShowFN.setValue(1);
+    writeScript(stage, "a Film\r\n");
+    stage.startAutomatically();
+    ASSERT_TRUE(stage.Timer3.enabled());
+    stage.loop.advance(3600);
+    ASSERT_TRUE(stage.show.atEnd());
+    EXPECT_EQ(changedPixels(stage, support::VideoStage::kFrame), 0);
+    EXPECT_FALSE(stage.UT.visible());
+    stage.loop.advance(5000);
+    EXPECT_EQ(changedPixels(stage, support::VideoStage::kFrame), 0);
+}
+
+TEST(Captions, AnEllipsisDoesNotPartAPairOfSurrogates) {
+    ShowStage stage({L"a.jpg"});
+    stage.UT.setWidth(2400);
+    std::string script =
+        "\xEF\xBB\xBF"
+        "a ";
+    for (int i = 0; i < 60; ++i) {
+        script += "\xF0\x9F\x8C\x8A";
+    }
+    writeScript(stage, script);
+    for (int width = 2400; width < 3000; width += 30) {
+        stage.UT.setWidth(static_cast<float>(width));
+        stage.state.currentPicture = stage.pathOf(L"a.jpg");
+        stage.script.ApplyScriptEntry(1);
+        const std::wstring text = stage.UT.text();
+        ASSERT_EQ(text.back(), L'\u2026');
+        ASSERT_EQ(text.size() % 2, 1U) << width;
+    }
 }
 
 TEST(Captions, InformationLineStandsAtTheRightEdge) {

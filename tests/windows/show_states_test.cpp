@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 
+#include "support/app_stage.h"
 #include "support/show_stage.h"
 
 namespace show {
@@ -287,6 +288,39 @@ TEST(ShowStates, EscapeEndsTheShowInEveryState) {
         EXPECT_FALSE(stage.Timer1.enabled());
         EXPECT_FALSE(stage.Timer5.enabled());
         EXPECT_FALSE(stage.runner.running());
+    }
+}
+
+// The handler that waits is unwound, and the program is left.
+TEST(ShowStates, EscapeLeavesTheProgramFromEveryWait) {
+    struct Wait {
+        const char* name;
+        const char* script;
+        double at;  ///< ms after the start of the show, which steps every second
+    };
+    for (const Wait& wait : {Wait{"transition", "a *E=B\r\n", 2500.0}, Wait{"slide", "a Titel\r\n", 4100.0},
+                             Wait{"end", "", 2500.0}, Wait{"fade", "", 4500.0}}) {
+        SCOPED_TRACE(wait.name);
+        support::AppStage stage;
+        stage.picture(L"a.jpg");
+        if (wait.name != std::string("slide")) {
+            stage.picture(L"b.jpg");
+        }
+        stage.pictures.file(L"01 Lied.mp3");
+        stage.pictures.file(L"Panorell.txt", wait.script);
+        stage.loadFolder(L" P=1 M=1 E=0");
+        stage.form().Check1.setValue(1);
+        if (wait.name == std::string("slide")) {
+            stage.form().Start.click();
+        } else {
+            stage.form().Run.click();
+        }
+        stage.loop.at(wait.at, [&] { stage.type(kEscape); });
+        stage.loop.advance(12'000);
+        EXPECT_TRUE(stage.loop.leaving());
+        EXPECT_EQ(stage.showState().showMode, kNoShow);
+        EXPECT_EQ(stage.system.count("tray delete"), 1);
+        EXPECT_THAT(stage.control.commands(), testing::Contains("close AUDIO"));
     }
 }
 

@@ -339,6 +339,56 @@ TEST(SlideshowPause, DownShowsTheNextAskedForAndWaits) {
     EXPECT_TRUE(stage.Timer1.enabled());
 }
 
+struct Choice {
+    const char* name;
+    int changes;  ///< Check1
+    const char* script;
+    wchar_t key;
+    const char* letters;  ///< of the transitions to the pictures 2, 3, 4 and 5
+};
+
+class EffectChoice : public testing::TestWithParam<Choice> {};
+
+TEST_P(EffectChoice, IsToldByTheInformationLine) {
+    ShowStage stage({L"p1.jpg", L"p2.jpg", L"p3.jpg", L"p4.jpg", L"p5.jpg"});
+    stage.Check1.setValue(GetParam().changes);
+    writeScript(stage, GetParam().script);
+    stage.show.start();
+    if (GetParam().key != 0) {
+        stage.type(GetParam().key);
+    }
+    for (int i = 0; i < 4; ++i) {
+        stage.key(VK_RIGHT);
+        stage.loop.advance(110);
+        const std::wstring name = L"p" + std::to_wstring(i + 2);
+        EXPECT_EQ(stage.Text1.text(), name + L" (" + static_cast<wchar_t>(GetParam().letters[i]) + L")");
+        EXPECT_EQ(stage.shown(), FakePictures::colourOf(name + L".jpg"));
+        stage.loop.advance(200);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Roads, EffectChoice,
+    testing::Values(Choice{"one_after_the_other", 1, "", 0, "ABCD"},
+                    Choice{"a_letter_key_stays", 1, "", L'c', "CCCC"},
+                    Choice{"without_the_box_always_A", 0, "p2 *E=D\r\n", L'c', "AAAA"},
+                    Choice{"script_acts_from_the_next_on", 1, "p2 *E=N\r\n", 0, "ANNN"},
+                    Choice{"script_lets_them_change_again", 1, "p2 *E=Y\r\np3 *E=#\r\n", 0, "AYZA"},
+                    Choice{"small_letter_runs_none", 1, "p2 *E=b\r\np3 *E=#\r\n", 0, "AbIJ"},
+                    Choice{"hash_key_lets_them_change", 1, "p1 *E=Z\r\np3 *E=Z\r\n", L'#', "ABZZ"}),
+    [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST(SlideshowStart, KeepsTheDisplayAwakeUntilItsEnd) {
+    constexpr EXECUTION_STATE kAwake = ES_CONTINUOUS | ES_DISPLAY_REQUIRED | ES_SYSTEM_REQUIRED;
+    // Without ES_CONTINUOUS the state is told and stays.
+    const auto wanted = [] { return SetThreadExecutionState(ES_SYSTEM_REQUIRED) & kAwake; };
+    ShowStage stage(kThree);
+    stage.show.start();
+    EXPECT_EQ(wanted(), kAwake);
+    stage.type(27);
+    EXPECT_EQ(wanted() & ES_DISPLAY_REQUIRED, 0U);
+}
+
 TEST(SlideshowAhead, NeighboursAreDecodedInOrderOfNeed) {
     ShowStage stage({L"a.jpg", L"b.jpg", L"c.mpg", L"d.jpg"});
     stage.File1.setSelectedIndex(1);
