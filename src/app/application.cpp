@@ -242,7 +242,7 @@ void Application::aboutToShow(const std::wstring& path) {
 void Application::activated() {
     keepPictureByName();
     pointer_.show();
-    if (show_.showMode == show::kAutomatically) {
+    if (show_.showMode == show::kAutomatically && !slideshow_.atEnd()) {
         pointer_.hide();
     }
 }

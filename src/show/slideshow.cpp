@@ -11,14 +11,15 @@
 #include "media/fade_rule.h"
 #include "show/caption_rule.h"
 #include "show/step_rule.h"
+#include "ui/button.h"
 
 namespace show {
 
 namespace {
 
 constexpr int kEndWaitMs = 1000;
-/// Diameter of the end button's corners in twips, a little more than it draws them with.
-constexpr float kEndButtonCorner = 210;
+/// Diameter of the end button's corners: a little more than it draws them with, whose edge is smoothed.
+constexpr ui::Twips kEndButtonCorner = 2 * ui::kButtonRadius + 30;
 /// Pictures decoded ahead of the one shown, besides the one before it.
 constexpr int kAhead = 2;
 

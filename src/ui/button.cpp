@@ -9,7 +9,6 @@ namespace ui {
 
 namespace {
 
-constexpr float kRadius = 90.0F;     // twips
 constexpr float kEdgeWidth = 15.0F;  // twips
 constexpr Rgb kBlack = 0x000000;
 constexpr Rgb kWhite = 0xFFFFFF;
@@ -70,7 +69,7 @@ void Button::draw(const DRAWITEMSTRUCT& item) {
     const Colours colours = coloursOf(look_, state, behind);
     const float scale = 1.0F / twipsPerPixel(dpi());
     const float edge = std::max(1.0F, kEdgeWidth * scale);
-    const float radius = kRadius * scale;
+    const float radius = kButtonRadius * scale;
     const RECT& area = item.rcItem;
     const auto left = static_cast<float>(area.left);
     const auto top = static_cast<float>(area.top);

@@ -7,6 +7,9 @@
 
 namespace ui {
 
+/// Of a button's round corners.
+inline constexpr Twips kButtonRadius = 90;
+
 /// How a button looks: quiet ones have the paper's colour, the one that matters most the accent colour.
 enum class ButtonLook { Quiet, Accent };
 

@@ -129,6 +129,7 @@ TEST_F(ActivationTest, TheEndStaysTheEnd) {
     stage.picture(L"g.jpg");
     stage.activate();
     EXPECT_EQ(stage.showState().pictureIndex, 4);
+    EXPECT_EQ(stage.system.pointer, 0) << "the end button can be seen to be clicked";
     stage.loop.advance(20000);
     EXPECT_EQ(shownName(), L"f.jpg");
 }
