@@ -115,6 +115,9 @@ class ShowStage {
         return inside.substr(0, inside.rfind(L'\\'));
     }
     std::wstring pathOf(const std::wstring& name) const { return folder.file(name); }
+    void writeScript(const std::string& text) const {
+        writeBytes(pathOf(L"Panorell.txt"), {text.begin(), text.end()});
+    }
 
     VirtualLoop loop;
     TemporaryFolder folder;

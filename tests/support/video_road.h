@@ -80,6 +80,12 @@ struct RoadStage : VideoStage {
         Musik.setValue(1);
         control.replyTo("status AUDIO length", "180000");
     }
+    /// Music in the background, sound in the films, and the show running by itself.
+    void startWithSound() {
+        withMusic();
+        MUTE.setValue(1);
+        startAutomatically();
+    }
     /// The commands since the last call: fades added up, handles and paths by name, the music's own left out.
     Log log() {
         Log result;

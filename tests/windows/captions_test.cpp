@@ -14,10 +14,6 @@ namespace {
 using support::FakePictures;
 using support::ShowStage;
 
-void writeScript(const ShowStage& stage, const std::string& text) {
-    support::writeBytes(stage.pathOf(L"Panorell.txt"), {text.begin(), text.end()});
-}
-
 /// How many pixels of the surface differ from the clean picture.
 int changedPixels(const ShowStage& stage, std::uint32_t clean) {
     GdiFlush();
@@ -30,7 +26,7 @@ int changedPixels(const ShowStage& stage, std::uint32_t clean) {
 
 TEST(Captions, TitleSlidesOutAfterFourSeconds) {
     ShowStage stage({L"a.jpg", L"b.jpg"});
-    writeScript(stage, "a Am Strand\r\n");
+    stage.writeScript("a Am Strand\r\n");
     stage.show.start();
     EXPECT_TRUE(stage.UT.visible());
     EXPECT_EQ(stage.UT.text(), L"Am Strand");
@@ -53,7 +49,7 @@ TEST(Captions, TitleOfThreeHundredCharactersEndsInAnEllipsis) {
     for (int i = 0; i < 50; ++i) {
         script += "Sonne ";
     }
-    writeScript(stage, script + "\r\n");
+    stage.writeScript(script + "\r\n");
     stage.show.start();
     const std::wstring text = stage.UT.text();
     EXPECT_EQ(text.back(), L'\u2026');
@@ -64,7 +60,7 @@ TEST(Captions, TitleOfThreeHundredCharactersEndsInAnEllipsis) {
 
 TEST(Captions, TitleOfABlankIsNone) {
     ShowStage stage({L"a.jpg"});
-    writeScript(stage, "a  *P=5\r\n");
+    stage.writeScript("a  *P=5\r\n");
     stage.show.start();
     EXPECT_FALSE(stage.UT.visible());
     EXPECT_FALSE(stage.Timer3.enabled());
@@ -82,7 +78,7 @@ TEST(Captions, DateIsPrintedAndGoesWithoutATrace) {
 
 TEST(Captions, TitleAndDateGoWithTheSameTick) {
     ShowStage stage({L"a.jpg"});
-    writeScript(stage, "a Am Strand *D\r\n");
+    stage.writeScript("a Am Strand *D\r\n");
     stage.show.start();
     const std::uint32_t clean = FakePictures::colourOf(L"a.jpg");
     stage.loop.advance(3990);
@@ -101,7 +97,7 @@ class CaptionsOfAHeldShow : public testing::TestWithParam<Hold> {};
 
 TEST_P(CaptionsOfAHeldShow, GoAllTheSame) {
     ShowStage stage({L"a.jpg", L"b.jpg"});
-    writeScript(stage, "b Am Strand *P=3 *D\r\n");
+    stage.writeScript("b Am Strand *P=3 *D\r\n");
     stage.show.start();
     stage.type(L' ');
     stage.key(VK_RIGHT);
@@ -131,7 +127,7 @@ TEST(Captions, QuickStepsLeaveNoneBehind) {
         script += std::string(1, c) + " Titel " + c + " *D\r\n";
     }
     ShowStage stage(names);
-    writeScript(stage, script);
+    stage.writeScript(script);
     stage.show.start();
     stage.type(L' ');
     for (int i = 0; i < 30; ++i) {  // RIGHT held down for a second
@@ -292,7 +288,7 @@ TEST(CaptionsAndTheMouse, AClickGoesThroughThem) {
 
 TEST(Captions, MarkerStampsTheDateOfOnePicture) {
     ShowStage stage({L"a.jpg"});
-    writeScript(stage, "a *D\r\n");
+    stage.writeScript("a *D\r\n");
     stage.show.start();
     EXPECT_GT(changedPixels(stage, FakePictures::colourOf(L"a.jpg")), 50);
 }
@@ -306,7 +302,7 @@ TEST(Captions, NoDateWithoutBoxOrMarker) {
 TEST(Captions, StepEndsAStandingCaption) {
     ShowStage stage({L"a.jpg", L"b.jpg"});
     stage.ShowFN.setValue(1);
-    writeScript(stage, "a Am Strand\r\n");
+    stage.writeScript("a Am Strand\r\n");
     stage.show.start();
     stage.ShowFN.setValue(0);
     stage.key(VK_RIGHT);
@@ -319,7 +315,7 @@ TEST(Captions, StepEndsAStandingCaption) {
 
 TEST(Captions, StepWhileTheTitleSlidesEndsTheSlide) {
     ShowStage stage({L"a.jpg", L"b.jpg"});
-    writeScript(stage, "a Am Strand\r\nb Im Wald\r\n");
+    stage.writeScript("a Am Strand\r\nb Im Wald\r\n");
     stage.show.start();
     stage.key(VK_UP);
     stage.Timer1.setInterval(4050);
@@ -335,7 +331,7 @@ TEST(Captions, StepWhileTheTitleSlidesEndsTheSlide) {
 TEST(Captions, OfAVideoDoNotComeBackOverItsLastFrame) {
     support::VideoStage stage({L"a.mpg"}, "1000");
     stage.ShowFN.setValue(1);
-    writeScript(stage, "a Film\r\n");
+    stage.writeScript("a Film\r\n");
     stage.startAutomatically();
     ASSERT_TRUE(stage.Timer3.enabled());
     stage.loop.advance(1100);
@@ -355,7 +351,7 @@ TEST(Captions, AnEllipsisDoesNotPartAPairOfSurrogates) {
     for (int i = 0; i < 60; ++i) {
         script += "\xF0\x9F\x8C\x8A";
     }
-    writeScript(stage, script);
+    stage.writeScript(script);
     for (int width = 2400; width < 3000; width += 30) {
         stage.UT.setWidth(static_cast<float>(width));
         stage.state.currentPicture = stage.pathOf(L"a.jpg");

@@ -13,10 +13,6 @@ using support::ShowStage;
 
 const std::vector<std::wstring> kThree{L"a1.jpg", L"b2.jpg", L"c3.jpg"};
 
-void writeScript(const ShowStage& stage, const std::string& text) {
-    support::writeBytes(stage.pathOf(L"Panorell.txt"), {text.begin(), text.end()});
-}
-
 TEST(SlideshowDamage, UnloadablePictureIsPassedOver) {
     ShowStage stage(kThree);
     stage.pictures.damaged = {L"b2.jpg"};
@@ -34,7 +30,7 @@ TEST(SlideshowDamage, FirstPictureIsPassedOverQuietly) {
     ShowStage stage(kThree);
     stage.pictures.damaged = {L"a1.jpg"};
     stage.ShowFN.setValue(1);
-    writeScript(stage, "a1 Titel\r\n");
+    stage.writeScript("a1 Titel\r\n");
     stage.show.start();
     EXPECT_FALSE(stage.UT.visible()) << "no caption of a picture that is not there";
     EXPECT_EQ(stage.shown(), 0U);

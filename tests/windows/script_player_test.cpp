@@ -24,9 +24,7 @@ class ScriptPlayerTest : public testing::Test {
         stage.Pic2.movePixels(0, 0, 160, 120);
         stage.Pic2.clear();
     }
-    void write(const std::string& content) {
-        support::writeBytes(scriptFile(), {content.begin(), content.end()});
-    }
+    void write(const std::string& content) { stage.writeScript(content); }
     std::wstring scriptFile() const { return stage.pathOf(L"Panorell.txt"); }
     void apply(int mode) { stage.script.ApplyScriptEntry(mode); }
     std::wstring title() const { return stage.UT.visible() ? stage.UT.text() : L""; }

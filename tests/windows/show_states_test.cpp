@@ -34,8 +34,7 @@ class StateStage : public ShowStage {
     StateStage() : ShowStage(names()) {
         music.musicList = {L"01 Lied.mp3"};
         Musik.setValue(1);
-        const std::string text = "p2 Am Strand\r\n";
-        support::writeBytes(pathOf(L"Panorell.txt"), {text.begin(), text.end()});
+        writeScript("p2 Am Strand\r\n");
     }
 
     /// Brings the show into a state, lets `action` happen in it and whatever follows within half a second.

@@ -13,10 +13,6 @@ using support::ShowStage;
 
 const std::vector<std::wstring> kThree{L"a1.jpg", L"b2.jpg", L"c3.jpg"};
 
-void writeScript(const ShowStage& stage, const std::string& text) {
-    support::writeBytes(stage.pathOf(L"Panorell.txt"), {text.begin(), text.end()});
-}
-
 TEST(SlideshowStart, ShowsTheSelectedPictureByHand) {
     ShowStage stage(kThree);
     stage.File1.setSelectedIndex(1);
@@ -60,7 +56,7 @@ TEST(SlideshowStart, SecondScreenMovesTheWindowFirst) {
 TEST(SlideshowStart, FirstPicturesMusicRequestDoesNotAct) {
     ShowStage stage(kThree);
     stage.Musik.setValue(1);
-    writeScript(stage, "a1 Titel *M=Lied\r\n");
+    stage.writeScript("a1 Titel *M=Lied\r\n");
     stage.show.start();
     EXPECT_TRUE(stage.music.musicRequest.empty());
     EXPECT_TRUE(stage.UT.visible());
@@ -69,7 +65,7 @@ TEST(SlideshowStart, FirstPicturesMusicRequestDoesNotAct) {
 
 TEST(SlideshowStart, BlankReplacesTheFirstPicturesPause) {
     ShowStage stage(kThree);
-    writeScript(stage, "a1 *P=20\r\n");
+    stage.writeScript("a1 *P=20\r\n");
     stage.show.start();
     EXPECT_FALSE(stage.Timer1.enabled());
     stage.type(L' ');
@@ -80,7 +76,7 @@ TEST(SlideshowStart, BlankReplacesTheFirstPicturesPause) {
 
 TEST(SlideshowStart, AVideosCaptionIsShownAsWell) {
     ShowStage stage({L"A.MPG", L"b2.jpg"});
-    writeScript(stage, "A Der Film *P=9\r\n");
+    stage.writeScript("A Der Film *P=9\r\n");
     stage.show.start();
     EXPECT_EQ(stage.video.videoShowing, 1);
     EXPECT_TRUE(stage.UT.visible());
@@ -134,7 +130,7 @@ TEST(SlideshowStep, PictureStandsStillForItsPauseAfterALongEffect) {
 
 TEST(SlideshowStep, OwnPauseOfAPicture) {
     ShowStage stage(kThree);
-    writeScript(stage, "b2 *P=2.5\r\n");
+    stage.writeScript("b2 *P=2.5\r\n");
     stage.show.start();
     stage.type(L' ');
     stage.loop.advance(5001);
@@ -147,7 +143,7 @@ TEST(SlideshowStep, OwnPauseOfAPicture) {
 
 TEST(SlideshowStep, PauseOfZeroWaitsForAKey) {
     ShowStage stage(kThree);
-    writeScript(stage, "b2 *P=0\r\n");
+    stage.writeScript("b2 *P=0\r\n");
     stage.show.start();
     stage.type(L' ');
     stage.loop.advance(60'000);
@@ -234,7 +230,7 @@ TEST(SlideshowEnd, MusicFadesOutAndLeftStopsTheFade) {
 
 TEST(SlideshowPause, DownShowsTheNextAskedForAndWaits) {
     ShowStage stage(kThree);
-    writeScript(stage, "b2 *P=1\r\n");
+    stage.writeScript("b2 *P=1\r\n");
     stage.show.start();
     stage.type(L' ');
     stage.key(VK_DOWN);
@@ -263,7 +259,7 @@ class EffectChoice : public testing::TestWithParam<Choice> {};
 TEST_P(EffectChoice, IsToldByTheInformationLine) {
     ShowStage stage({L"p1.jpg", L"p2.jpg", L"p3.jpg", L"p4.jpg", L"p5.jpg"});
     stage.Check1.setValue(GetParam().changes);
-    writeScript(stage, GetParam().script);
+    stage.writeScript(GetParam().script);
     stage.show.start();
     if (GetParam().key != 0) {
         stage.type(GetParam().key);

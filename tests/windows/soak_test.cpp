@@ -42,9 +42,8 @@ class Soak {
         stage_.pictures.onTake = [this] {
             EXPECT_FALSE(stage_.runner.running()) << "a picture is loaded in the middle of a transition";
         };
-        const std::string script =
-            "p01 Titel *P=1 *E=# *D\r\np05 *M=Eins\r\np07 *M=<\r\np09 Nur ein Titel\r\np12 *E=x *D\r\n";
-        support::writeBytes(stage_.pathOf(L"Panorell.txt"), {script.begin(), script.end()});
+        stage_.writeScript(
+            "p01 Titel *P=1 *E=# *D\r\np05 *M=Eins\r\np07 *M=<\r\np09 Nur ein Titel\r\np12 *E=x *D\r\n");
         stage_.show.start();
         stage_.type(L' ');
         watch_.onTimer = [this] { checkAlways(); };

@@ -105,8 +105,7 @@ TEST(VideoInTheShow, PlaysForItsLengthAndItsLastFrameIsTheNextOldPicture) {
 
 TEST(VideoInTheShow, ScriptEntriesAreNotApplied) {
     VideoStage stage({L"a.jpg", L"b.mpg"}, "4000");
-    const std::string script = "b Titel *P=1 *E=C *M=Lied\r\n";
-    support::writeBytes(stage.pathOf(L"Panorell.txt"), {script.begin(), script.end()});
+    stage.writeScript("b Titel *P=1 *E=C *M=Lied\r\n");
     stage.Musik.setValue(1);
     stage.startAutomatically();
     stage.loop.advance(5100);

@@ -27,9 +27,7 @@ TEST(VideoRoads, BetweenTwoPictures) {
 
 TEST(VideoRoads, BetweenTwoPicturesWithSoundAndMusic) {
     RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "8000");
-    stage.withMusic();
-    stage.MUTE.setValue(1);
-    stage.startAutomatically();
+    stage.startWithSound();
     stage.loop.advance(5001);
     EXPECT_THAT(stage.log(), ElementsAreArray(opened("b.mpg") + kArmedWithSound + kToVideo));
     stage.loop.advance(8000);
@@ -48,9 +46,7 @@ TEST(VideoRoads, WithSoundButWithoutMusicNothingComesBack) {
 
 TEST(VideoRoads, AShortOneFadesWhenItIsCaptured) {
     RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "1500");
-    stage.withMusic();
-    stage.MUTE.setValue(1);
-    stage.startAutomatically();
+    stage.startWithSound();
     stage.loop.advance(5001);
     EXPECT_FALSE(stage.Timer4.enabled());
     EXPECT_THAT(stage.log(), ElementsAreArray(opened("b.mpg") + kArmedWithSound + kToVideo));
@@ -110,9 +106,7 @@ TEST(VideoRoads, FromTheFirstItemByHand) {
 
 TEST(VideoRoads, AsTheLastItem) {
     RoadStage stage({L"a.jpg", L"b.mpg"}, "8000");
-    stage.withMusic();
-    stage.MUTE.setValue(1);
-    stage.startAutomatically();
+    stage.startWithSound();
     stage.loop.advance(5001);
     EXPECT_THAT(stage.log(), ElementsAreArray(opened("b.mpg") + kArmedWithSound + kToVideo));
     stage.loop.advance(20'000);
@@ -152,9 +146,7 @@ TEST(VideoRoads, FromTheLastToTheFirstOfAnEndlessShow) {
 
 TEST(VideoRoads, TwoInARow) {
     RoadStage stage({L"a.mpg", L"b.mpg", L"c.jpg"}, "8000");
-    stage.withMusic();
-    stage.MUTE.setValue(1);
-    stage.startAutomatically();
+    stage.startWithSound();
     stage.loop.advance(8000);
     EXPECT_THAT(stage.log(),
                 ElementsAreArray(kToMusic + kCaptured + opened("b.mpg") + kArmedWithSound + kToVideo));
@@ -164,9 +156,7 @@ TEST(VideoRoads, TwoInARow) {
 
 TEST(VideoRoads, HaltedByALeftClickAndResumed) {
     RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "20000");
-    stage.withMusic();
-    stage.MUTE.setValue(1);
-    stage.startAutomatically();
+    stage.startWithSound();
     stage.loop.advance(10'000);
     stage.log();
     stage.controls->mousePressed(ui::MouseButton::Left);
@@ -258,9 +248,7 @@ TEST(VideoRoads, EnterLeavesItAlone) {
 
 TEST(VideoRoads, EscapeClosesItAndNothingFollows) {
     RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "60000");
-    stage.withMusic();
-    stage.MUTE.setValue(1);
-    stage.startAutomatically();
+    stage.startWithSound();
     stage.loop.advance(7000);
     stage.log();
     stage.type(27);
@@ -284,9 +272,7 @@ TEST(VideoRoads, APausedShowPlaysItAndWaitsOnItsLastFrame) {
 
 TEST(VideoRoads, MusicComesBackAfterAKeyButNotInTheMiddleOfATransition) {
     RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "60000");
-    stage.withMusic();
-    stage.MUTE.setValue(1);
-    stage.startAutomatically();
+    stage.startWithSound();
     stage.loop.advance(10'000);
     stage.log();
     stage.Check1.setValue(1);
@@ -307,9 +293,7 @@ TEST(VideoRoads, MusicComesBackAfterAKeyButNotInTheMiddleOfATransition) {
 
 TEST(VideoRoads, MusicComesBackWhereAKeyLeavesTheShowPaused) {
     RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "60000");
-    stage.withMusic();
-    stage.MUTE.setValue(1);
-    stage.startAutomatically();
+    stage.startWithSound();
     stage.loop.advance(10'000);
     stage.log();
     stage.key(VK_DOWN);
@@ -319,9 +303,7 @@ TEST(VideoRoads, MusicComesBackWhereAKeyLeavesTheShowPaused) {
 
 TEST(VideoRoads, MusicDoesNotComeBackBetweenTwoVideos) {
     RoadStage stage({L"a.jpg", L"b.mpg", L"c.mpg"}, "60000");
-    stage.withMusic();
-    stage.MUTE.setValue(1);
-    stage.startAutomatically();
+    stage.startWithSound();
     stage.loop.advance(10'000);
     stage.log();
     stage.key(VK_RIGHT);
