@@ -79,7 +79,7 @@ testing::AssertionResult ShowWatch::goes(int number, milliseconds timeout) const
     return waitFor([&] { return now() != number; }, timeout, "picture " + std::to_string(number) + " goes");
 }
 
-std::vector<ShowWatch::Shown> ShowWatch::record(const std::function<bool()>& done,
+std::vector<ShowWatch::Shown> ShowWatch::record(const std::function<bool(int number)>& done,
                                                 milliseconds timeout) const {
     std::vector<Shown> record;
     const auto start = steady_clock::now();
@@ -90,7 +90,7 @@ std::vector<ShowWatch::Shown> ShowWatch::record(const std::function<bool()>& don
             record.push_back({number, time, milliseconds(0)});
         }
         record.back().seen = duration_cast<milliseconds>(time - record.back().since);
-        if (done()) {
+        if (done(number)) {
             break;
         }
         Sleep(kRecordInterval);

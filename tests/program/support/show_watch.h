@@ -39,8 +39,10 @@ class ShowWatch {
         std::chrono::milliseconds seen{0};
     };
 
-    /// Records what the screen shows, one entry a change, until `done` says so or the time is over.
-    std::vector<Shown> record(const std::function<bool()>& done, std::chrono::milliseconds timeout) const;
+    /// Records what the screen shows, one entry a change, until `done`, asked with what was just seen, says
+    /// so or the time is over.
+    std::vector<Shown> record(const std::function<bool(int number)>& done,
+                              std::chrono::milliseconds timeout) const;
 
     /// Compares the whole upper part of the screen with the picture, pixel for pixel.
     testing::AssertionResult showsExactly(int number) const;
