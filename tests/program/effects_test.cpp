@@ -56,13 +56,7 @@ class EffectFilm : public testing::Test {
             std::fill(picture.data.begin(), picture.data.end(), kColours[i]);
             writeJpeg(folder_.file(std::to_wstring(i) + L".jpg"), picture);
         }
-        panorell_.keepSettings(1, {{L"Drive", folder_.path().substr(0, 2)},
-                                   {L"Dir", folder_.path()},
-                                   {L"Delay", L"60"},
-                                   {L"Loop", L"1"},
-                                   {L"Date", L"0"},
-                                   {L"Music", L"0"},
-                                   {L"Effekte", L"1"}});
+        panorell_.keepShow(folder_.path(), {L"60", L"1", L"1"});
         ASSERT_TRUE(panorell_.openSetUp());
         ASSERT_TRUE(panorell_.clickOn(id::kRun));
         ASSERT_TRUE(waitFor([] { return shares().of[0] == 1.0; }, kPatience, "the first picture stands"));

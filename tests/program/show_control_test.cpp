@@ -21,13 +21,7 @@ using std::chrono::seconds;
 class ShowControlTest : public testing::Test {
   protected:
     void open(const PictureFolder& folder) {
-        panorell_.keepSettings(1, {{L"Drive", folder.path().substr(0, 2)},
-                                   {L"Dir", folder.path()},
-                                   {L"Delay", L"60"},
-                                   {L"Loop", L"0"},
-                                   {L"Date", L"0"},
-                                   {L"Music", L"0"},
-                                   {L"Effekte", L"0"}});
+        panorell_.keepShow(folder.path(), {L"60"});
         ASSERT_TRUE(panorell_.openSetUp());
         ASSERT_TRUE(panorell_.clickOn(id::kRun));
         ASSERT_TRUE(bringToFront(panorell_.form()));

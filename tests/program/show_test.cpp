@@ -24,13 +24,7 @@ using testing::Le;
 class ShowTest : public testing::Test {
   protected:
     void useFolder(const PictureFolder& folder, const wchar_t* delay = L"1", const wchar_t* loop = L"0") {
-        panorell_.keepSettings(1, {{L"Drive", folder.path().substr(0, 2)},
-                                   {L"Dir", folder.path()},
-                                   {L"Delay", delay},
-                                   {L"Loop", loop},
-                                   {L"Date", L"0"},
-                                   {L"Music", L"0"},
-                                   {L"Effekte", L"0"}});
+        panorell_.keepShow(folder.path(), {delay, loop});
     }
 
     bool atEnd() const { return panorell_.at(id::kEOT).visible(); }

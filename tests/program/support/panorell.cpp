@@ -29,6 +29,16 @@ void Panorell::keepSettings(int set, const std::map<std::wstring, std::wstring>&
     }
 }
 
+void Panorell::keepShow(const std::wstring& folder, const Show& show) const {
+    keepSettings(1, {{L"Drive", folder.substr(0, 2)},
+                     {L"Dir", folder},
+                     {L"Delay", show.delay},
+                     {L"Loop", show.loop},
+                     {L"Date", L"0"},
+                     {L"Music", L"0"},
+                     {L"Effekte", show.effects}});
+}
+
 testing::AssertionResult Panorell::openSetUp(const std::wstring& arguments) {
     start(arguments);
     const HWND window = this->window();

@@ -17,6 +17,15 @@ class Panorell : public Program {
     /// Writes the settings of one set (1 to 4) into the settings file, as SAVE would have left them.
     void keepSettings(int set, const std::map<std::wstring, std::wstring>& values) const;
 
+    /// What the first set says of a show.
+    struct Show {
+        const wchar_t* delay = L"1";    ///< pause in seconds
+        const wchar_t* loop = L"0";     ///< L"1": endlessly
+        const wchar_t* effects = L"0";  ///< L"1": with effects; else plain cuts
+    };
+    /// Writes a first set that shows `folder` without dates and music.
+    void keepShow(const std::wstring& folder, const Show& show) const;
+
     /// Starts the program and waits for the set-up window to be complete and to answer.
     testing::AssertionResult openSetUp(const std::wstring& arguments = {});
 
