@@ -4,11 +4,11 @@
 
 #include "bench_main.h"
 #include "photographs.h"
-#include "platform/area_average.h"
+#include "picture/area_average.h"
+#include "picture/picture_decoder.h"
+#include "picture/wic_picture.h"
 #include "platform/com.h"
 #include "platform/file_bytes.h"
-#include "platform/picture_decoder.h"
-#include "platform/wic_picture.h"
 #include "show/fit_rule.h"
 #include "support/picture_writer.h"
 
@@ -16,7 +16,7 @@ namespace bench {
 
 namespace {
 
-using platform::Placement;
+using picture::Placement;
 
 constexpr int kScreenWidth = 1920;
 constexpr int kScreenHeight = 1080;
@@ -29,7 +29,7 @@ Placement fitted(int width, int height, int surfaceWidth, int surfaceHeight) {
 double decode(const std::wstring& path) {
     const platform::ComApartment apartment;
     return milliseconds([&] {
-        platform::decodeOntoSurface(path, kScreenWidth, kScreenHeight, [](int width, int height) {
+        picture::decodeOntoSurface(path, kScreenWidth, kScreenHeight, [](int width, int height) {
             return fitted(width, height, kScreenWidth, kScreenHeight);
         });
     });
@@ -40,7 +40,7 @@ double takeRows(const std::wstring& path) {
     const platform::ComApartment apartment;
     return milliseconds([&] {
         std::vector<std::uint8_t> bytes = platform::readFileBytes(path, std::size_t{1} << 30);
-        platform::WicPicture picture(bytes);
+        picture::WicPicture picture(bytes);
         constexpr int kBand = 16;
         const std::size_t stride = static_cast<std::size_t>(picture.width()) * 3;
         std::vector<std::uint8_t> band(stride * kBand);
@@ -51,7 +51,7 @@ double takeRows(const std::wstring& path) {
 }
 
 /// A decoded picture of 24 megapixels, as the decoder would hold it.
-class Decoded : public platform::RowSource {
+class Decoded : public picture::RowSource {
   public:
     static constexpr int kWidth = 6000;
     static constexpr int kHeight = 4000;
@@ -79,9 +79,9 @@ class Decoded : public platform::RowSource {
 
 double scale(int surfaceWidth, int surfaceHeight) {
     static Decoded decoded;
-    platform::Pixels surface(surfaceWidth, surfaceHeight);
-    const platform::StoredPart part =
-        storedPart(platform::Orientation::Upright,
+    picture::Pixels surface(surfaceWidth, surfaceHeight);
+    const picture::StoredPart part =
+        storedPart(picture::Orientation::Upright,
                    fitted(Decoded::kWidth, Decoded::kHeight, surfaceWidth, surfaceHeight), surface);
     return milliseconds([&] {
         scalePicture({{0, 0, Decoded::kWidth, Decoded::kHeight}, part.width, part.height, part.visible},

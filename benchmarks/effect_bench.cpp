@@ -66,8 +66,8 @@ class Stage {
     const int height = GetSystemMetrics(SM_CYSCREEN);
 
   private:
-    platform::Pixels slopes(int number) const {
-        platform::Pixels pixels(width, height);
+    picture::Pixels slopes(int number) const {
+        picture::Pixels pixels(width, height);
         for (int y = 0; y < height; ++y) {
             for (int x = 0; x < width; ++x) {
                 pixels.row(y)[x] = static_cast<std::uint32_t>((x + number * 40) & 0xFF) << 16 |

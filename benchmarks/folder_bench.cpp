@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "app/file_filter.h"
 #include "bench_main.h"
+#include "files/file_filter.h"
 #include "platform/error.h"
 #include "script/script_file.h"
 #include "script/show_script.h"
@@ -52,8 +52,9 @@ double fillLists() {
     const support::ManyFiles folder;
     ui::WindowsLoop loop;
     ui::Form form({.className = L"PanorellBenchLists", .title = L"", .width = 9000, .height = 6000});
-    ui::FileList File1({.parent = form, .place = {0, 0, 4000, 5000}}, app::isListed, app::kTypPatterns[0]);
-    ui::FileList File2({.parent = form, .visible = false}, app::isListed, app::kMusicPattern);
+    ui::FileList File1({.parent = form, .place = {0, 0, 4000, 5000}}, files::isListed,
+                       files::kTypPatterns[0]);
+    ui::FileList File2({.parent = form, .visible = false}, files::isListed, files::kMusicPattern);
     form.show();
     loop.doEvents();
     const double time = milliseconds([&] {

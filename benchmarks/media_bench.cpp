@@ -11,6 +11,7 @@
 #include "platform/com.h"
 #include "platform/short_path.h"
 #include "run_program.h"
+#include "support/stage_controls.h"
 #include "ui/form.h"
 #include "ui/windows_loop.h"
 
@@ -46,13 +47,13 @@ class Stage {
         const int height = GetSystemMetrics(SM_CYSCREEN);
         SetWindowPos(form.hwnd(), HWND_TOP, 0, 0, width, height, SWP_SHOWWINDOW);
         form.show();
-        for (ui::PictureBox* box : {&Pic2, &Pic3}) {
+        for (ui::PictureBox* box : {&controls.Pic2, &controls.Pic3}) {
             box->movePixels(0, 0, width, height);
             box->clear();
         }
-        Pic2.show();
+        controls.Pic2.show();
         loop.doEvents();
-        MUTE.setValue(1);
+        controls.MUTE.setValue(1);
     }
     ~Stage() {
         playback.close();
@@ -92,19 +93,13 @@ class Stage {
     platform::ComApartment com{platform::ComApartment::Kind::SingleThreaded};
     ui::WindowsLoop loop;
     std::unique_ptr<media::MediaControl> control = media::createMediaControl();
-    show::ShowState state;
     media::MusicState music;
     ui::Form form{
         {.className = L"PanorellBenchFilm", .title = L"", .width = 100, .height = 100, .borderless = true}};
-    ui::CheckBox MUTE{{.parent = form, .visible = false}};
-    ui::PictureBox Pic3{{.parent = form, .visible = false}};
-    ui::PictureBox Pic2{{.parent = form}};
-    ui::PictureBox Pic1{{.parent = form, .visible = false}};
-    ui::Timer Timer1{loop, 0};
-    ui::Timer Timer4{loop, 0};
+    support::StageControls controls{loop, form};
     // Without music to bring back, a capture does not fade.
-    media::VideoPlayback playback{{loop, *control, state, music, Pic1, Pic2, Pic3, Timer1, Timer4, MUTE,
-                                   [] { return false; }, [] { return false; }}};
+    media::VideoPlayback playback{{loop, *control, music, controls.stage(), controls.choices(),
+                                   controls.timers(), [] { return false; }, [] { return false; }}};
 };
 
 double openToFrame(const wchar_t* film) {

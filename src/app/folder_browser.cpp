@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "app/file_filter.h"
+#include "app/file_count.h"
+#include "files/file_filter.h"
 #include "media/music_list.h"
 #include "platform/error.h"
 #include "platform/file_time.h"
@@ -18,16 +19,16 @@ constexpr wchar_t kErrorTitle[] = L" Fehler";
 constexpr std::size_t kDateCharacters = 10;
 
 /// The part of a surface that its picture covers.
-platform::Placement covered(const platform::DecodedPicture& picture) {
-    const platform::Placement& place = picture.placement;
+picture::Placement covered(const picture::DecodedPicture& picture) {
+    const picture::Placement& place = picture.placement;
     const int left = std::max(0, place.left);
     const int top = std::max(0, place.top);
     return {left, top, std::min(picture.pixels.width, place.left + place.width) - left,
             std::min(picture.pixels.height, place.top + place.height) - top};
 }
 
-platform::Pixels cut(const platform::Pixels& surface, const platform::Placement& part) {
-    platform::Pixels made(part.width, part.height);
+picture::Pixels cut(const picture::Pixels& surface, const picture::Placement& part) {
+    picture::Pixels made(part.width, part.height);
     for (int y = 0; y < part.height; ++y) {
         std::copy_n(surface.row(part.top + y) + part.left, part.width, made.row(y));
     }
@@ -38,29 +39,29 @@ platform::Pixels cut(const platform::Pixels& surface, const platform::Placement&
 
 FolderBrowser::FolderBrowser(Parts parts)
     : parts_(std::move(parts)), preview_(parts_.loop), previewPlace_(parts_.Pic2.place()) {
-    preview_.onLoaded = [this](const std::optional<platform::DecodedPicture>& picture) { loaded(picture); };
+    preview_.onLoaded = [this](const std::optional<picture::DecodedPicture>& picture) { loaded(picture); };
 }
 
 std::wstring FolderBrowser::pathOf(int index) const {
-    std::wstring path = parts_.Dir1.path();
+    std::wstring path = parts_.lists.Dir1.path();
     if (path.empty() || path.back() != L'\\') {
         path += L'\\';
     }
-    return path + parts_.File1.entries()[static_cast<std::size_t>(index)];
+    return path + parts_.lists.File1.entries()[static_cast<std::size_t>(index)];
 }
 
 void FolderBrowser::driveChanged() {
     try {
-        openFolder(parts_.Drive1.drive().substr(0, 2) + L"\\");
-        parts_.Dir1.setFocus();
+        openFolder(parts_.lists.Drive1.drive().substr(0, 2) + L"\\");
+        parts_.lists.Dir1.setFocus();
     } catch (const platform::Error& error) {
-        parts_.showError(platform::systemMessage(error.code()), kErrorTitle);
+        onError(platform::systemMessage(error.code()), kErrorTitle);
     }
 }
 
 void FolderBrowser::folderClicked() {
     try {
-        openFolder(parts_.Dir1.selectedPath());
+        openFolder(parts_.lists.Dir1.selectedPath());
     } catch (const platform::Error&) {
         // A folder that cannot be opened: the list stays where it is.
     }
@@ -68,24 +69,24 @@ void FolderBrowser::folderClicked() {
 
 // Another folder has another first file; the one that is open already keeps the file chosen in it.
 void FolderBrowser::openFolder(const std::wstring& folder) {
-    const std::wstring before = parts_.Dir1.path();
-    parts_.Dir1.setPath(folder);
-    if (parts_.Dir1.path() != before) {
+    const std::wstring before = parts_.lists.Dir1.path();
+    parts_.lists.Dir1.setPath(folder);
+    if (parts_.lists.Dir1.path() != before) {
         parts_.state.StartIndex = 0;
     }
 }
 
 void FolderBrowser::folderChanged() {
-    parts_.File1.setPath(parts_.Dir1.path());
-    parts_.File2.setPath(parts_.Dir1.path());
+    parts_.lists.File1.setPath(parts_.lists.Dir1.path());
+    parts_.lists.File2.setPath(parts_.lists.Dir1.path());
     parts_.music.musicIndex = 0;
-    parts_.music.musicList = media::musicEntries(parts_.File2.entries());
+    parts_.music.musicList = media::musicEntries(parts_.lists.File2.entries());
     parts_.Pic2.move(previewPlace_);
     parts_.Pic2.show();
-    parts_.closeVideo();
+    parts_.video.close();
     readFiles();
     preview_.cancel();
-    if (parts_.File1.count() > 0) {
+    if (parts_.lists.File1.count() > 0) {
         previewFile(0, false);
     } else {
         previewed_.clear();
@@ -98,17 +99,17 @@ void FolderBrowser::folderChanged() {
 void FolderBrowser::refreshCount() {
     readFiles();
     if (!preview_.loading()) {
-        enableStart(parts_.File1.count() > 0);
+        enableStart(parts_.lists.File1.count() > 0);
     }
 }
 
 void FolderBrowser::readFiles() {
-    const bool followsSelection = parts_.File1.selectedIndex() == parts_.state.StartIndex;
-    parts_.File1.refresh();
-    if (followsSelection && parts_.File1.selectedIndex() >= 0) {
-        parts_.state.StartIndex = parts_.File1.selectedIndex();
+    const bool followsSelection = parts_.lists.File1.selectedIndex() == parts_.state.StartIndex;
+    parts_.lists.File1.refresh();
+    if (followsSelection && parts_.lists.File1.selectedIndex() >= 0) {
+        parts_.state.StartIndex = parts_.lists.File1.selectedIndex();
     }
-    parts_.File1.setToolTip(fileCountText(parts_.File1.count()));
+    parts_.lists.File1.setToolTip(fileCountText(parts_.lists.File1.count()));
 }
 
 void FolderBrowser::endPreview() {
@@ -116,7 +117,7 @@ void FolderBrowser::endPreview() {
 }
 
 void FolderBrowser::fileClicked() {
-    const int index = parts_.File1.selectedIndex();
+    const int index = parts_.lists.File1.selectedIndex();
     if (index >= 0) {
         previewFile(index, true);
     }
@@ -127,7 +128,7 @@ void FolderBrowser::previewFile(int index, bool byUser) {
     enableStart(false);
     previewed_ = pathOf(index);
     parts_.Pic2.hide();
-    parts_.closeVideo();
+    parts_.video.close();
     preview_.cancel();
     if (byUser) {
         parts_.state.StartIndex = index;
@@ -135,41 +136,41 @@ void FolderBrowser::previewFile(int index, bool byUser) {
     const auto time = platform::fileWriteTime(previewed_);
     parts_.Pic2.setToolTip(time ? platform::dateAndTime(*time).substr(0, kDateCharacters) : L"");
     parts_.Pic2.move(previewPlace_);
-    if (!isPictureName(previewed_)) {
+    if (!files::isPictureName(previewed_)) {
         parts_.Pic2.clear();
         parts_.Pic2.show();
-        parts_.openVideo(previewed_);
+        parts_.video.OpenAndPlayVideo(previewed_);
         enableStart(true);
         return;
     }
     const SIZE size = parts_.Pic2.clientSize();
     preview_.load(previewed_, size.cx, size.cy);
-    parts_.aboutToShow(previewed_);
+    onAboutToShow(previewed_);
     // Last, since another folder may be opened meanwhile.
     parts_.loop.doEvents();
 }
 
-void FolderBrowser::loaded(const std::optional<platform::DecodedPicture>& picture) {
+void FolderBrowser::loaded(const std::optional<picture::DecodedPicture>& picture) {
     if (picture) {
         showPicture(*picture);
     } else {
         parts_.Pic2.clear();
     }
     parts_.Pic2.show();
-    enableStart(parts_.File1.count() > 0);
+    enableStart(parts_.lists.File1.count() > 0);
 }
 
 // A wide or tall picture makes the box smaller, so that none of its surface is left beside the picture.
-void FolderBrowser::showPicture(const platform::DecodedPicture& picture) {
+void FolderBrowser::showPicture(const picture::DecodedPicture& picture) {
     const int dpi = parts_.Pic2.dpi();
-    const platform::Placement part = covered(picture);
+    const picture::Placement part = covered(picture);
     parts_.Pic2.movePixels(ui::toPixels(previewPlace_.left, dpi) + part.left,
                            ui::toPixels(previewPlace_.top, dpi) + part.top, part.width, part.height);
     parts_.Pic2.setImage(cut(picture.pixels, part));
 }
 
 void FolderBrowser::previewAgain() {
-    const int index = parts_.File1.indexOf(previewed_.substr(previewed_.rfind(L'\\') + 1));
+    const int index = parts_.lists.File1.indexOf(previewed_.substr(previewed_.rfind(L'\\') + 1));
     if (index >= 0) {
         previewFile(index, false);
     }
@@ -181,7 +182,7 @@ void FolderBrowser::enableStart(bool enabled) {
 }
 
 void FolderBrowser::filterClicked(int index) {
-    parts_.File1.setPattern(kTypPatterns[static_cast<std::size_t>(index)]);
+    parts_.lists.File1.setPattern(files::kTypPatterns[static_cast<std::size_t>(index)]);
     refreshCount();
 }
 
@@ -191,13 +192,13 @@ void FolderBrowser::musicClicked() {
 
 bool FolderBrowser::selectFolder(wchar_t letter) {
     std::vector<std::wstring> names;
-    const int first = parts_.Dir1.firstSubFolder();
-    for (int i = first; i < parts_.Dir1.count(); ++i) {
-        names.push_back(parts_.Dir1.item(i));
+    const int first = parts_.lists.Dir1.firstSubFolder();
+    for (int i = first; i < parts_.lists.Dir1.count(); ++i) {
+        names.push_back(parts_.lists.Dir1.item(i));
     }
     const auto index = show::folderOfLetter(names, letter);
     if (index) {
-        parts_.Dir1.setTopIndex(first + *index);
+        parts_.lists.Dir1.setTopIndex(first + *index);
     }
     return index.has_value();
 }

@@ -1,18 +1,15 @@
 #pragma once
 
-#include <array>
 #include <functional>
 #include <string>
 
-#include "app/preview.h"
 #include "app/program_state.h"
+#include "app/setup_controls.h"
 #include "media/music_state.h"
+#include "media/video_playback.h"
+#include "show/preview.h"
 #include "ui/control.h"
-#include "ui/drive_list.h"
 #include "ui/event_loop.h"
-#include "ui/file_list.h"
-#include "ui/folder_list.h"
-#include "ui/option_button.h"
 #include "ui/picture_box.h"
 
 namespace app {
@@ -24,22 +21,11 @@ class FolderBrowser {
         ui::EventLoop& loop;
         ProgramState& state;
         media::MusicState& music;
-        ui::DriveList& Drive1;
-        ui::FolderList& Dir1;
-        ui::FileList& File1;
-        ui::FileList& File2;
-        std::array<ui::OptionButton*, 3> Typ;
+        media::VideoPlayback& video;
+        FolderLists lists;
         ui::PictureBox& Pic2;
         ui::Control& Start;
         ui::Control& Run;
-        /// Opens a video as a preview in Pic2.
-        std::function<void(const std::wstring& path)> openVideo;
-        /// Stops and closes a video.
-        std::function<void()> closeVideo;
-        /// The file that a show would begin with.
-        std::function<void(const std::wstring& path)> aboutToShow;
-        /// Shows an error message (text, title).
-        std::function<void(const std::wstring& text, const std::wstring& title)> showError;
     };
     explicit FolderBrowser(Parts parts);
 
@@ -59,17 +45,22 @@ class FolderBrowser {
     void endPreview();
     bool previewLoading() const { return preview_.loading(); }
 
+    /// The file that a show would begin with is another one.
+    std::function<void(const std::wstring& path)> onAboutToShow;
+    /// A drive cannot be read (text, title).
+    std::function<void(const std::wstring& text, const std::wstring& title)> onError;
+
   private:
     void openFolder(const std::wstring& folder);
     void readFiles();
     void previewFile(int index, bool byUser);
-    void loaded(const std::optional<platform::DecodedPicture>& picture);
-    void showPicture(const platform::DecodedPicture& picture);
+    void loaded(const std::optional<picture::DecodedPicture>& picture);
+    void showPicture(const picture::DecodedPicture& picture);
     void enableStart(bool enabled);
     std::wstring pathOf(int index) const;
 
     Parts parts_;
-    Preview preview_;
+    show::Preview preview_;
     ui::TwipsRect previewPlace_;
     std::wstring previewed_;
 };

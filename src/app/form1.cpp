@@ -2,10 +2,10 @@
 
 #include <stdexcept>
 
-#include "app/file_filter.h"
 #include "app/form1_layout.h"
-#include "app/pause_time.h"
 #include "app/resource_ids.h"
+#include "files/file_filter.h"
+#include "show/pause_time.h"
 #include "ui/control_ids.h"
 #include "ui/painting.h"
 #include "ui/theme.h"
@@ -66,8 +66,8 @@ Form1::Form1(ui::EventLoop& loop)
       Typ{ui::OptionButton(first(*this, ui::id::kTyp, layout::typ(0), L"alle"), typGroup_),
           ui::OptionButton(tab(*this, ui::id::kTyp + 1, layout::typ(1), L"jpg"), typGroup_),
           ui::OptionButton(tab(*this, ui::id::kTyp + 2, layout::typ(2), L"mpg"), typGroup_)},
-      File1(first(*this, ui::id::kFile1, layout::kFile1), isListed, kTypPatterns[0]),
-      File2(hidden(*this, ui::id::kFile2, layout::kFile1), isListed, kMusicPattern),
+      File1(first(*this, ui::id::kFile1, layout::kFile1), files::isListed, files::kTypPatterns[0]),
+      File2(hidden(*this, ui::id::kFile2, layout::kFile1), files::isListed, files::kMusicPattern),
       Start(tab(*this, ui::id::kStart, layout::kStart, L"Load")),
       CTRL(tab(*this, ui::id::kCTRL, layout::kCTRL, L"Übersicht"), layout::overviewGlyph(),
            layout::kGlyphSide, kPowerShare),
@@ -76,7 +76,8 @@ Form1::Form1(ui::EventLoop& loop)
       IntT(withFont(tab(*this, ui::id::kIntT, layout::kIntT, L"5"), kDigitsFont),
            {.alignment = ui::Alignment::Centre}),
       Label2(plain(*this, ui::id::kLabel2, layout::kLabel2, L"Sek"), ui::Alignment::Left, true),
-      IntS(tab(*this, ui::id::kIntS, layout::kIntS), {kPauseScrollMin, kPauseScrollMax, kPauseScrollInitial}),
+      IntS(tab(*this, ui::id::kIntS, layout::kIntS),
+           {show::kPauseScrollMin, show::kPauseScrollMax, show::kPauseScrollInitial}),
       LoopC(first(*this, ui::id::kLoopC, layout::check(0), L"Endlos")),
       ShowFN(tab(*this, ui::id::kShowFN, layout::check(1), L"Datum")),
       Check1(tab(*this, ui::id::kCheck1, layout::check(2), L"Effekte")),
@@ -139,6 +140,15 @@ Form1::Form1(ui::EventLoop& loop)
     drawEmblem();
 }
 
+Options Form1::options() {
+    return {IntT, IntS,  LoopC,  ShowFN,
+            MUTE, Musik, Check1, {&Option1[0], &Option1[1], &Option1[2], &Option1[3]}};
+}
+
+ui::Choices Form1::choices() {
+    return {File1, Dir1, IntS, LoopC, ShowFN, Check1, Musik, MUTE, Screen2};
+}
+
 void Form1::setToolTips() {
     Drive1.setToolTip(L"Laufwerk");
     Dir1.setToolTip(L"Ordner");
@@ -182,7 +192,7 @@ void Form1::setAccessKeys() {
 // The two views of the pause time follow each other.
 void Form1::wirePause() {
     IntS.onChange = [this] {
-        const std::wstring text = pauseTextOf(IntS.value());
+        const std::wstring text = show::pauseTextOf(IntS.value());
         // Setting the text that stands there already would take the caret away from its user.
         if (IntT.text() != text) {
             IntT.setText(text);
@@ -190,7 +200,7 @@ void Form1::wirePause() {
         }
     };
     IntT.onChange = [this] {
-        const PauseTextChange change = pauseTextChanged(IntT.text());
+        const show::PauseTextChange change = show::pauseTextChanged(IntT.text());
         if (change.emptiesText) {
             IntT.setText(L"");
         } else if (change.scroll) {

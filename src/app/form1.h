@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 
+#include "app/setup_controls.h"
 #include "ui/button.h"
 #include "ui/check_box.h"
 #include "ui/drive_list.h"
@@ -18,6 +19,7 @@
 #include "ui/option_button.h"
 #include "ui/picture_box.h"
 #include "ui/scroll_bar.h"
+#include "ui/stage.h"
 #include "ui/text_box.h"
 #include "ui/timer.h"
 
@@ -41,6 +43,13 @@ class Form1 : public ui::Form {
     void cover(const RECT& place);
     /// Draws the program's emblem into Pic3.
     void drawEmblem();
+
+    /// The controls as the engines take them.
+    FolderLists lists() { return {Drive1, Dir1, File1, File2}; }
+    Options options();
+    ui::Stage stage() { return {Pic1, Pic2, Pic3, UT, Text1, EOT}; }
+    ui::Choices choices();
+    ui::Timers timers() { return {Timer1, Timer2, Timer3, Timer4, Timer5}; }
 
     /// Told of every message; for what the task bar sends to all windows.
     std::function<void(UINT message)> onOwnerMessage;

@@ -1,7 +1,10 @@
 #include "app/form1_screen.h"
 
+#include "app/option_set.h"
+#include "app/resource_ids.h"
 #include "platform/monitors.h"
 #include "show/caption_rule.h"
+#include "show/fit_rule.h"
 #include "show/step_rule.h"
 #include "ui/event_loop.h"
 
@@ -25,11 +28,25 @@ void Form1Screen::takeOver() {
         form_.Pic2.hide();
         form_.Pic2.setToolTip(L"");
         form_.dropRegion();
+        const HCURSOR pointer = LoadCursorW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(PANORELL_POINTER));
+        form_.Pic2.setPointer(pointer);
+        form_.Pic3.setPointer(pointer);
         // Black before it grows, or the set-up would be seen in a corner of the screen until the next paint.
         form_.paintNow();
         ui::EventLoop::current().doEvents();
     }
     form_.cover(platform::Monitors::current().areaOf(form_.hwnd()));
+}
+
+SIZE Form1Screen::targetSize() const {
+    const RECT monitor = platform::Monitors::current().areaOf(form_.hwnd());
+    return {monitor.right - monitor.left, monitor.bottom - monitor.top};
+}
+
+double Form1Screen::shapeFor(const SIZE& surface) const {
+    const std::wstring value =
+        settings_.read(kProgramSection, kShapeKey.name, kShapeKey.fallback, kShapeKey.longest);
+    return usesScreenShape(value) ? static_cast<double>(surface.cx) / surface.cy : show::kDesignShape;
 }
 
 SIZE Form1Screen::size() const {

@@ -1,7 +1,7 @@
 #include "app/option_set.h"
 
-#include "platform/text.h"
-#include "platform/text_number.h"
+#include "text/text_number.h"
+#include "text/trimming.h"
 
 namespace app {
 
@@ -11,7 +11,7 @@ constexpr auto npos = std::wstring_view::npos;
 
 int checkState(const OptionReader& read, const OptionKey& key) {
     const std::wstring value = cutOptionValue(key, read(key));
-    const std::wstring_view digit = platform::trimmed(value);
+    const std::wstring_view digit = text::trimmed(value);
     if (digit.size() != 1 || digit.front() < L'0' || digit.front() > L'2') {
         return key.fallback[0] - L'0';
     }
@@ -27,7 +27,7 @@ std::size_t lastComponent(std::wstring_view path) {
 }  // namespace
 
 std::wstring cutOptionValue(const OptionKey& key, std::wstring_view value) {
-    return std::wstring(platform::untilNul(value).substr(0, key.longest));
+    return std::wstring(text::untilNul(value).substr(0, key.longest));
 }
 
 OptionSet readOptionSet(const OptionReader& read) {
@@ -60,7 +60,7 @@ std::wstring optionSetName(int index) {
 }
 
 std::optional<int> optionSetIndex(std::wstring_view name) {
-    const int number = platform::wholeNumber16(platform::lastCharacters(name, 1));
+    const int number = text::wholeNumber16(text::lastCharacters(name, 1));
     if (number < 1 || number > kOptionSetCount) {
         return std::nullopt;
     }
@@ -90,7 +90,7 @@ std::wstring withBackslash(std::wstring_view programDir) {
 }
 
 bool usesScreenShape(std::wstring_view value) {
-    return platform::equalsIgnoringCase(platform::trimmed(value), L"screen");
+    return text::equalsIgnoringCase(text::trimmed(value), L"screen");
 }
 
 }  // namespace app

@@ -4,7 +4,7 @@
 
 #include "app/folder_choice.h"
 #include "app/option_set.h"
-#include "app/pause_time.h"
+#include "show/pause_time.h"
 
 namespace app {
 
@@ -14,25 +14,26 @@ void OptionSets::load() {
     const OptionSet set = readOptionSet([this](const OptionKey& key) {
         return parts_.settings.read(parts_.state.CurrentSet, key.name, key.fallback, key.longest);
     });
-    parts_.IntT.setText(set.delay);
-    if (const auto scroll = pauseScrollOf(set.delay)) {
-        parts_.IntS.setValue(*scroll);
+    parts_.options.IntT.setText(set.delay);
+    if (const auto scroll = show::pauseScrollOf(set.delay)) {
+        parts_.options.IntS.setValue(*scroll);
     }
-    parts_.LoopC.setValue(set.loop);
-    parts_.ShowFN.setValue(set.date);
-    parts_.MUTE.setValue(set.sound);
-    parts_.Musik.setValue(set.music);
-    parts_.Check1.setValue(set.effects);
+    parts_.options.LoopC.setValue(set.loop);
+    parts_.options.ShowFN.setValue(set.date);
+    parts_.options.MUTE.setValue(set.sound);
+    parts_.options.Musik.setValue(set.music);
+    parts_.options.Check1.setValue(set.effects);
     if (parts_.state.rememberedFolder.empty()) {
-        chooseFolder(parts_.Drive1, parts_.Dir1, set.drive, set.dir);
+        chooseFolder(parts_.lists.Drive1, parts_.lists.Dir1, set.drive, set.dir);
     } else {
-        chooseFolder(parts_.Drive1, parts_.Dir1, parts_.state.rememberedDrive, parts_.state.rememberedFolder);
+        chooseFolder(parts_.lists.Drive1, parts_.lists.Dir1, parts_.state.rememberedDrive,
+                     parts_.state.rememberedFolder);
     }
-    if (index >= 0 && index < parts_.File1.count()) {
-        parts_.File1.setSelectedIndex(index);
+    if (index >= 0 && index < parts_.lists.File1.count()) {
+        parts_.lists.File1.setSelectedIndex(index);
     }
     if (index > 0) {
-        parts_.File1.setTopIndex(index - 1);
+        parts_.lists.File1.setTopIndex(index - 1);
         parts_.state.rememberedDrive.clear();
         parts_.state.rememberedFolder.clear();
     }
@@ -41,19 +42,19 @@ void OptionSets::load() {
 
 void OptionSets::store() {
     OptionSet set;
-    set.drive = parts_.Drive1.drive();
-    set.dir = parts_.Dir1.path();
-    set.delay = parts_.IntT.text();
-    set.loop = parts_.LoopC.value();
-    set.date = parts_.ShowFN.value();
-    set.sound = parts_.MUTE.value();
-    set.music = parts_.Musik.value();
-    set.effects = parts_.Check1.value();
+    set.drive = parts_.lists.Drive1.drive();
+    set.dir = parts_.lists.Dir1.path();
+    set.delay = parts_.options.IntT.text();
+    set.loop = parts_.options.LoopC.value();
+    set.date = parts_.options.ShowFN.value();
+    set.sound = parts_.options.MUTE.value();
+    set.music = parts_.options.Musik.value();
+    set.effects = parts_.options.Check1.value();
     writeOptionSet(set, [this](const OptionKey& key, const std::wstring& value) {
         parts_.settings.write(parts_.state.CurrentSet, key.name, value);
     });
     if (const auto index = optionSetIndex(parts_.state.CurrentSet)) {
-        parts_.Option1[static_cast<std::size_t>(*index)]->setToolTip(folderDisplayName(set.dir));
+        parts_.options.Option1[static_cast<std::size_t>(*index)]->setToolTip(folderDisplayName(set.dir));
     }
     MessageBeep(MB_OK);
 }
@@ -73,7 +74,7 @@ void OptionSets::showFolderNames() {
     for (int i = 0; i < kOptionSetCount; ++i) {
         const std::wstring folder =
             parts_.settings.read(optionSetName(i), kDirKey.name, kDirKey.fallback, kDirKey.longest);
-        parts_.Option1[static_cast<std::size_t>(i)]->setToolTip(folderDisplayName(folder));
+        parts_.options.Option1[static_cast<std::size_t>(i)]->setToolTip(folderDisplayName(folder));
     }
 }
 

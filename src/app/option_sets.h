@@ -1,20 +1,10 @@
 #pragma once
 
-#include <array>
-#include <functional>
-#include <string>
-
 #include "app/program_state.h"
+#include "app/setup_controls.h"
 #include "platform/profile_file.h"
-#include "ui/check_box.h"
-#include "ui/drive_list.h"
 #include "ui/event_loop.h"
-#include "ui/file_list.h"
-#include "ui/folder_list.h"
-#include "ui/option_button.h"
 #include "ui/picture_box.h"
-#include "ui/scroll_bar.h"
-#include "ui/text_box.h"
 
 namespace app {
 
@@ -26,19 +16,10 @@ class OptionSets {
         ui::EventLoop& loop;
         ProgramState& state;
         const platform::ProfileFile& settings;
-        ui::DriveList& Drive1;
-        ui::FolderList& Dir1;
-        ui::FileList& File1;
-        ui::TextBox& IntT;
-        ui::ScrollBar& IntS;
-        ui::CheckBox& LoopC;
-        ui::CheckBox& ShowFN;
-        ui::CheckBox& MUTE;
-        ui::CheckBox& Musik;
-        ui::CheckBox& Check1;
+        FolderLists lists;
+        Options options;
         ui::PictureBox& Pic2;
         ui::PictureBox& Pic3;
-        std::array<ui::OptionButton*, 4> Option1;
     };
     explicit OptionSets(const Parts& parts) : parts_(parts) {}
 

@@ -1,18 +1,11 @@
 #pragma once
 
-#include <array>
 #include <functional>
 #include <string>
 
 #include "app/parameter_text.h"
 #include "app/program_state.h"
-#include "ui/check_box.h"
-#include "ui/drive_list.h"
-#include "ui/file_list.h"
-#include "ui/folder_list.h"
-#include "ui/option_button.h"
-#include "ui/scroll_bar.h"
-#include "ui/text_box.h"
+#include "app/setup_controls.h"
 
 namespace app {
 
@@ -21,16 +14,8 @@ class ParameterControls {
   public:
     struct Parts {
         ProgramState& state;
-        ui::DriveList& Drive1;
-        ui::FolderList& Dir1;
-        ui::FileList& File1;
-        ui::TextBox& IntT;
-        ui::ScrollBar& IntS;
-        ui::CheckBox& ShowFN;
-        ui::CheckBox& LoopC;
-        ui::CheckBox& MUTE;
-        ui::CheckBox& Musik;
-        std::array<ui::OptionButton*, 4> Option1;
+        FolderLists lists;
+        Options options;
         /// Makes an option set (index 0 ... 3) the active one and loads it.
         std::function<void(int index)> chooseSet;
     };

@@ -1,7 +1,7 @@
 #include "app/parameter_text.h"
 
-#include "platform/text.h"
-#include "platform/text_number.h"
+#include "text/text_number.h"
+#include "text/trimming.h"
 
 #include <algorithm>
 
@@ -109,24 +109,24 @@ Parameters parseParameters(std::wstring_view given) {
         result.folder = std::wstring(quotedFolder(given).value_or(*plain));
     }
     if (const auto pause = valueOf(text, L"P=", 2)) {
-        result.pauseText = std::wstring(platform::trimmed(*pause));
+        result.pauseText = std::wstring(text::trimmed(*pause));
     }
     result.date = checkStateOf(text, L"D=");
     result.loop = checkStateOf(text, L"E=");
     result.videoSound = checkStateOf(text, L"V=");
     result.music = checkStateOf(text, L"M=");
     if (const auto index = valueOf(text, L"L=", 1)) {
-        result.startIndex = platform::wholeNumber16(*index);
+        result.startIndex = text::wholeNumber16(*index);
     }
     result.runAtOnce = text.find(L"R=1") != npos;
     return result;
 }
 
 std::wstring_view parametersOfCommandLine(std::wstring_view commandLine) {
-    commandLine = platform::trimmed(commandLine);
+    commandLine = text::trimmed(commandLine);
     const bool quoted = !commandLine.empty() && commandLine.front() == L'"';
     const std::size_t end = quoted ? commandLine.find(L'"', 1) : commandLine.find(L' ');
-    return end == npos ? std::wstring_view{} : platform::trimmed(commandLine.substr(end + 1));
+    return end == npos ? std::wstring_view{} : text::trimmed(commandLine.substr(end + 1));
 }
 
 }  // namespace app

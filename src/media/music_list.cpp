@@ -1,7 +1,7 @@
 #include "media/music_list.h"
 
-#include "platform/text.h"
-#include "platform/text_number.h"
+#include "text/text_number.h"
+#include "text/trimming.h"
 
 #include <algorithm>
 #include <cmath>
@@ -38,7 +38,7 @@ bool isLocked(std::wstring_view entry) {
 }
 
 std::wstring fileNameOfEntry(std::wstring_view entry) {
-    return std::wstring(platform::trimmed(entry));
+    return std::wstring(text::trimmed(entry));
 }
 
 std::wstring musicTitle(std::wstring_view fileName) {
@@ -83,7 +83,7 @@ bool isBeforeEnd(float secondsOfDay, int musicEndTime) {
 }
 
 int musicEndTime(float secondsOfDay, std::string_view lengthReply) {
-    return platform::wholeNumber(std::floor(secondsOfDay + platform::numericValue(lengthReply) + 2));
+    return text::wholeNumber(std::floor(secondsOfDay + text::numericValue(lengthReply) + 2));
 }
 
 }  // namespace media

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/short_path.h"
-#include "platform/text_number.h"
+#include "text/text_number.h"
 
 namespace media {
 
@@ -38,43 +38,43 @@ SIZE sourceSize(const std::string& reply) {
 }  // namespace
 
 VideoPlayback::VideoPlayback(Parts parts) : parts_(std::move(parts)) {
-    parts_.Timer4.onTimer = [this] { fadeTimer(); };
+    parts_.timers.Timer4.onTimer = [this] { fadeTimer(); };
 }
 
 void VideoPlayback::close() {
     parts_.control.send("stop VIDEO");
     parts_.control.send("close VIDEO");
-    parts_.Timer4.setEnabled(false);
+    parts_.timers.Timer4.setEnabled(false);
     paused_ = false;
 }
 
 void VideoPlayback::forgetFade() {
     fadeDue_ = false;
-    parts_.Timer4.setEnabled(false);
+    parts_.timers.Timer4.setEnabled(false);
 }
 
 void VideoPlayback::cut() {
     close();
     videoShowing = 0;
     if (fadeDue_) {
-        parts_.Timer4.setInterval(kFadeRetryMs);
-        parts_.Timer4.setEnabled(true);
+        parts_.timers.Timer4.setInterval(kFadeRetryMs);
+        parts_.timers.Timer4.setEnabled(true);
     }
 }
 
 void VideoPlayback::OpenAndPlayVideo(const std::wstring& path) {
     // A fade that is still due for the video before is this one's now.
-    parts_.Timer4.setEnabled(false);
+    parts_.timers.Timer4.setEnabled(false);
     parts_.control.send("stop VIDEO");
     parts_.control.send("close VIDEO");
     paused_ = false;
     const std::string shortPath = platform::shortPath(path);
-    parts_.control.send("open " + shortPath + " alias VIDEO parent " + decimal(parts_.Pic2.hwnd()) +
+    parts_.control.send("open " + shortPath + " alias VIDEO parent " + decimal(parts_.stage.Pic2.hwnd()) +
                         " style child");
     parts_.control.send("set VIDEO audio all off");
-    const float twips = ui::twipsPerPixel(parts_.Pic2.dpi());
-    parts_.control.send(" put VIDEO window at 0 0 " + platform::decimalBytes(parts_.Pic2.width() / twips) +
-                        " " + platform::decimalBytes(parts_.Pic2.height() / twips));
+    const float twips = ui::twipsPerPixel(parts_.stage.Pic2.dpi());
+    parts_.control.send(" put VIDEO window at 0 0 " + text::decimalBytes(parts_.stage.Pic2.width() / twips) +
+                        " " + text::decimalBytes(parts_.stage.Pic2.height() / twips));
     parts_.loop.doEvents();
     parts_.control.send("play VIDEO");
     parts_.loop.doEvents();
@@ -83,12 +83,12 @@ void VideoPlayback::OpenAndPlayVideo(const std::wstring& path) {
 void VideoPlayback::ArmVideoLength() {
     parts_.control.send("set VIDEO time format milliseconds");
     const MediaReply reply = parts_.control.send("status VIDEO length", kReplySize);
-    const int length = platform::wholeNumber(platform::numericValue(std::string_view(reply.text)));
-    parts_.Timer1.setInterval(length);
+    const int length = text::wholeNumber(text::numericValue(std::string_view(reply.text)));
+    parts_.timers.Timer1.setInterval(length);
     armedAt_ = parts_.loop.now();
     armedMs_ = length;
     fadeDue_ = true;
-    if (parts_.MUTE.value() == 1) {
+    if (parts_.choices.MUTE.value() == 1) {
         parts_.control.send("set VIDEO audio all on");
     }
 }
@@ -96,21 +96,21 @@ void VideoPlayback::ArmVideoLength() {
 void VideoPlayback::armFade(int lengthMs) {
     // Too short for a fade of its own before the end: it runs at the capture.
     const int interval = lengthMs - kFadeBeforeEndMs;
-    parts_.Timer4.setInterval(interval);
-    parts_.Timer4.setEnabled(interval >= 1);
+    parts_.timers.Timer4.setInterval(interval);
+    parts_.timers.Timer4.setEnabled(interval >= 1);
 }
 
 void VideoPlayback::fadeTimer() {
     if (parts_.transitionRuns()) {
-        parts_.Timer4.setInterval(kFadeRetryMs);
+        parts_.timers.Timer4.setInterval(kFadeRetryMs);
         return;
     }
-    parts_.Timer4.setEnabled(false);
+    parts_.timers.Timer4.setEnabled(false);
     fadeToMusicOnce();
 }
 
 void VideoPlayback::fadeToMusicOnce() {
-    if (std::exchange(fadeDue_, false) && parts_.MUTE.value() == 1 && parts_.hasMusic()) {
+    if (std::exchange(fadeDue_, false) && parts_.choices.MUTE.value() == 1 && parts_.hasMusic()) {
         RampToMusic();
     }
 }
@@ -118,36 +118,36 @@ void VideoPlayback::fadeToMusicOnce() {
 void VideoPlayback::CaptureLastFrameAndClose() {
     videoShowing = 0;
     paused_ = false;
-    parts_.Timer4.setEnabled(false);
+    parts_.timers.Timer4.setEnabled(false);
     fadeToMusicOnce();
     const SIZE source = sourceSize(parts_.control.send("where VIDEO source", kReplySize).text);
-    parts_.Pic1.movePixels(0, 0, source.cx, source.cy);
-    parts_.Pic1.setImage(platform::Surface(source.cx, source.cy));
-    const platform::Surface& frame = parts_.Pic1.image();
+    parts_.stage.Pic1.movePixels(0, 0, source.cx, source.cy);
+    parts_.stage.Pic1.setImage(picture::Surface(source.cx, source.cy));
+    const picture::Surface& frame = parts_.stage.Pic1.image();
     if (!frame.empty()) {
         parts_.control.send("update VIDEO hdc " + decimal(frame.dc()));
         parts_.loop.doEvents();
-        parts_.Pic2.draw([&](HDC dc) {
+        parts_.stage.Pic2.draw([&](HDC dc) {
             SetStretchBltMode(dc, HALFTONE);
             SetBrushOrgEx(dc, 0, 0, nullptr);
-            const platform::Surface& surface = parts_.Pic2.image();
+            const picture::Surface& surface = parts_.stage.Pic2.image();
             StretchBlt(dc, 0, 0, surface.width(), surface.height(), frame.dc(), 0, 0, frame.width(),
                        frame.height(), SRCCOPY);
         });
         parts_.loop.doEvents();
     }
-    parts_.Pic3.image().copyFrom(parts_.Pic2.image());
-    parts_.Pic3.move({0, 0, parts_.Pic2.width(), parts_.Pic2.height()});
-    parts_.Pic3.show();
-    parts_.Pic3.paintNow();
-    parts_.Pic2.hide();
+    parts_.stage.Pic3.image().copyFrom(parts_.stage.Pic2.image());
+    parts_.stage.Pic3.move({0, 0, parts_.stage.Pic2.width(), parts_.stage.Pic2.height()});
+    parts_.stage.Pic3.show();
+    parts_.stage.Pic3.paintNow();
+    parts_.stage.Pic2.hide();
     parts_.loop.doEvents();
     parts_.control.send("stop VIDEO");
     parts_.control.send("close VIDEO");
-    parts_.Pic2.show();
-    parts_.Pic3.hide();
+    parts_.stage.Pic2.show();
+    parts_.stage.Pic3.hide();
     parts_.loop.doEvents();
-    parts_.Pic1.drop();
+    parts_.stage.Pic1.drop();
 }
 
 void VideoPlayback::ramp(RampStep (*stepOf)(int, int), int musicVolume, int pauseMs) {
@@ -170,9 +170,13 @@ void VideoPlayback::RampToMusic() {
     ramp(rampToMusicStep, parts_.music.musicVolume, kRampToMusicPauseMs);
 }
 
+void VideoPlayback::halt() {
+    parts_.control.send("stop VIDEO");
+}
+
 void VideoPlayback::pause() {
-    parts_.Timer1.setEnabled(false);
-    parts_.Timer4.setEnabled(false);
+    parts_.timers.Timer1.setEnabled(false);
+    parts_.timers.Timer4.setEnabled(false);
     parts_.control.send("stop VIDEO");
     paused_ = true;
     leftMs_ = std::max(0.0, armedMs_ - (parts_.loop.now() - armedAt_));
@@ -183,15 +187,15 @@ void VideoPlayback::resume() {
     if (paused_) {
         armedMs_ = static_cast<int>(std::ceil(leftMs_ / kMsPerSecond)) * kMsPerSecond;
         armedAt_ = parts_.loop.now();
-        parts_.Timer1.setInterval(armedMs_);
+        parts_.timers.Timer1.setInterval(armedMs_);
     } else {
         ArmVideoLength();
     }
     paused_ = false;
     parts_.control.send("play VIDEO");
-    parts_.Timer1.restart();
+    parts_.timers.Timer1.restart();
     armFade(armedMs_);
-    if (parts_.MUTE.value() == 1) {
+    if (parts_.choices.MUTE.value() == 1) {
         ramp(rampToVideoStep, kNoMusic, kRampToVideoPauseMs);
     }
 }

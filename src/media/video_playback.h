@@ -6,11 +6,8 @@
 #include "media/fade_rule.h"
 #include "media/media_control.h"
 #include "media/music_state.h"
-#include "show/show_state.h"
-#include "ui/check_box.h"
 #include "ui/event_loop.h"
-#include "ui/picture_box.h"
-#include "ui/timer.h"
+#include "ui/stage.h"
 
 namespace media {
 
@@ -21,14 +18,10 @@ class VideoPlayback {
     struct Parts {
         ui::EventLoop& loop;
         MediaControl& control;
-        const show::ShowState& state;
         const MusicState& music;
-        ui::PictureBox& Pic1;
-        ui::PictureBox& Pic2;
-        ui::PictureBox& Pic3;
-        ui::Timer& Timer1;
-        ui::Timer& Timer4;
-        const ui::CheckBox& MUTE;
+        ui::Stage stage;
+        ui::Choices choices;
+        ui::Timers timers;
         /// Music that a fade may bring back.
         std::function<bool()> hasMusic;
         /// Whether a transition runs, which a fade would freeze.
@@ -60,13 +53,15 @@ class VideoPlayback {
     void RampToVideo();
     void RampToMusic();
 
+    /// Halts an open video without more ado, as the first one of a show, whose user plays it.
+    void halt();
     /// Halts an open video and remembers how much of it is left.
     void pause();
     /// Plays on: the first video of a show, whose length is not known yet, or one that was paused.
     void resume();
     bool paused() const { return paused_; }
     /// Whether a video is open that sounds.
-    bool sounds() const { return videoShowing != 0 && parts_.MUTE.value() == 1; }
+    bool sounds() const { return videoShowing != 0 && parts_.choices.MUTE.value() == 1; }
 
   private:
     void fadeTimer();

@@ -67,6 +67,12 @@ bool folderExists(const std::wstring& folder) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
+bool fileExists(const std::wstring& path) {
+    const QuietDrives quiet;
+    const DWORD attributes = GetFileAttributesW(unlimited(path).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
 std::wstring joinPath(std::wstring_view folder, std::wstring_view name) {
     std::wstring path(folder);
     if (path.empty() || path.back() != L'\\') {

@@ -19,6 +19,9 @@ std::vector<DirectoryEntry> listDirectory(const std::wstring& folder);
 /// Whether a folder is there.
 bool folderExists(const std::wstring& folder);
 
+/// Whether a file is there that is no folder.
+bool fileExists(const std::wstring& path);
+
 /// `folder` + "\" + `name`, with one "\" only where the folder is a root.
 std::wstring joinPath(std::wstring_view folder, std::wstring_view name);
 

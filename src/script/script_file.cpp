@@ -8,8 +8,8 @@
 #include "platform/code_page.h"
 #include "platform/error.h"
 #include "platform/file_bytes.h"
-#include "platform/utf8.h"
 #include "script/show_script.h"
+#include "text/utf8.h"
 
 namespace script {
 
@@ -27,8 +27,8 @@ std::optional<std::wstring> readScriptFile(const std::wstring& folder) {
     } catch (const platform::Error&) {
         return std::nullopt;
     }
-    if (platform::hasUtf8Mark(bytes)) {
-        if (auto text = platform::decodeUtf8(std::string_view(bytes).substr(platform::kUtf8Mark.size()))) {
+    if (text::hasUtf8Mark(bytes)) {
+        if (auto text = text::decodeUtf8(std::string_view(bytes).substr(text::kUtf8Mark.size()))) {
             return text;
         }
     }

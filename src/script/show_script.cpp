@@ -1,6 +1,6 @@
 #include "script/show_script.h"
 
-#include "platform/text_number.h"
+#include "text/text_number.h"
 
 #include <algorithm>
 
@@ -88,7 +88,7 @@ bool showsTitle(std::wstring_view title) {
 }
 
 int pauseMilliseconds(std::wstring_view pause) {
-    return std::max(0, platform::wholeNumber(platform::numericValue(pause) * 1000));
+    return std::max(0, text::wholeNumber(text::numericValue(pause) * 1000));
 }
 
 std::optional<int> effectNumberOf(std::wstring_view effect) {

@@ -4,8 +4,8 @@
 #include <exception>
 #include <utility>
 
+#include "picture/picture_decoder.h"
 #include "platform/com.h"
-#include "platform/picture_decoder.h"
 #include "show/fit_rule.h"
 
 namespace show {
@@ -156,12 +156,12 @@ void PictureAhead::decode(std::unique_lock<std::mutex>& lock, int number, const 
     std::optional<ShowPicture> picture;
     try {
         const auto decoded =
-            platform::decodeOntoSurface(path, width, height, [=](int pictureWidth, int pictureHeight) {
+            picture::decodeOntoSurface(path, width, height, [=](int pictureWidth, int pictureHeight) {
                 const PixelRect place = fitPicture(pictureWidth, pictureHeight, width, height, shape);
-                return platform::Placement{place.left, place.top, place.width, place.height};
+                return picture::Placement{place.left, place.top, place.width, place.height};
             });
         // What the window thread would have to copy in the step itself.
-        picture = ShowPicture{decoded.nativeWidth, decoded.nativeHeight, platform::Surface(width, height)};
+        picture = ShowPicture{decoded.nativeWidth, decoded.nativeHeight, picture::Surface(width, height)};
         picture->surface.put(decoded.pixels);
     } catch (const std::exception&) {
         // No picture: the show passes over it.

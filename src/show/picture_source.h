@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/surface.h"
+#include "picture/surface.h"
 
 namespace show {
 
@@ -14,7 +14,7 @@ struct ShowPicture {
     int nativeWidth = 0;
     int nativeHeight = 0;
     /// The whole show surface with the picture on it.
-    platform::Surface surface;
+    picture::Surface surface;
 };
 
 /// Where the show gets its pictures from: laid onto the show surface by the fit rule, black beside it.

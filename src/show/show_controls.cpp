@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "app/pause_time.h"
+#include "show/pause_time.h"
 #include "show/step_rule.h"
 
 namespace show {
@@ -28,7 +28,7 @@ bool ShowControls::keyDown(int key) {
         return true;
     }
     arrow(key);
-    if (parts_.state.showMode == kAutomatically && parts_.video.videoShowing == 1) {
+    if (parts_.state.showMode == kAutomatically && parts_.engines.video.videoShowing == 1) {
         parts_.show.endVideo();
         if (key != VK_DOWN) {
             parts_.show.quickStep();
@@ -70,16 +70,16 @@ bool ShowControls::keyPress(wchar_t character) {
         return true;
     }
     if (parts_.show.atEnd()) {
-        if (!std::exchange(restarted_, true)) {
-            parts_.restart();
+        if (!std::exchange(restarted_, true) && onRestart) {
+            onRestart();
         }
         return true;
     }
     if (character == L' ' && parts_.state.showMode == kByHand) {
-        parts_.pointer.hide();
+        parts_.screen.pointer().hide();
         parts_.show.continueAutomatically();
     } else if (character == L'?') {
-        parts_.captions.toggleInformation(parts_.runner.currentEffect);
+        parts_.engines.captions.toggleInformation(parts_.engines.runner.currentEffect);
     } else if (const auto seconds = secondsOfKey(character)) {
         pauseKey(*seconds);
     } else if (!effectKey(character)) {
@@ -90,11 +90,11 @@ bool ShowControls::keyPress(wchar_t character) {
 
 void ShowControls::volumeKey(wchar_t character) {
     if (character == L'+') {
-        parts_.player.louder();
+        parts_.engines.player.louder();
     } else if (character == L'-') {
-        parts_.player.quieter();
+        parts_.engines.player.quieter();
     } else if (character == L'.') {
-        parts_.player.mute();
+        parts_.engines.player.mute();
     }
 }
 
@@ -106,19 +106,19 @@ bool ShowControls::effectKey(wchar_t character) {
     if (character != L'#') {
         beep();
     }
-    parts_.runner.effectNumber = *effect;
+    parts_.engines.runner.effectNumber = *effect;
     return true;
 }
 
 void ShowControls::pauseKey(int seconds) {
     beep();
-    if (const auto scroll = app::pauseScrollOfSeconds(seconds)) {
-        parts_.IntS.setValue(*scroll);
+    if (const auto scroll = show::pauseScrollOfSeconds(seconds)) {
+        parts_.choices.IntS.setValue(*scroll);
     }
     // An item that was asked for at once, as by the key that ended a video, does not wait for the new pause.
     if (!parts_.state.quickStepPending) {
-        parts_.Timer1.setInterval(seconds * kMsPerSecond);
-        parts_.Timer1.restart();
+        parts_.timers.Timer1.setInterval(seconds * kMsPerSecond);
+        parts_.timers.Timer1.restart();
     }
 }
 
@@ -127,7 +127,7 @@ void ShowControls::mousePressed(ui::MouseButton button) {
         return;
     }
     parts_.loop.doEvents();
-    parts_.Pic2.repaint();
+    parts_.stage.Pic2.repaint();
     if (button == ui::MouseButton::Right) {
         rightButton();
     } else if (button == ui::MouseButton::Left) {
@@ -141,13 +141,13 @@ void ShowControls::rightButton() {
     }
     parts_.state.showMode = kAutomatically;
     parts_.state.pausedFlag = 0;
-    parts_.pointer.hide();
+    parts_.screen.pointer().hide();
     parts_.show.quickStep();
 }
 
 void ShowControls::leftButton() {
     if (parts_.show.atEnd()) {
-        parts_.pointer.show();
+        parts_.screen.pointer().show();
         return;
     }
     // The second of two quick clicks on a show that waits belongs to the step that the first one asked for.
@@ -155,9 +155,9 @@ void ShowControls::leftButton() {
     if (parts_.state.quickStepPending && waits) {
         return;
     }
-    if (parts_.Timer1.enabled()) {
+    if (parts_.timers.Timer1.enabled()) {
         parts_.show.pauseByHand();
-        parts_.pointer.show();
+        parts_.screen.pointer().show();
         const RECT screen = parts_.screen.rectangle();
         SetCursorPos((screen.left + screen.right) / 2, (screen.top + screen.bottom) / 2);
         return;

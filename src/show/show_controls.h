@@ -2,16 +2,12 @@
 
 #include <functional>
 
-#include "media/background_music.h"
-#include "media/video_playback.h"
-#include "show/captions.h"
+#include "show/engines.h"
 #include "show/show_screen.h"
 #include "show/show_state.h"
 #include "show/slideshow.h"
-#include "show/transition_runner.h"
-#include "ui/pointer.h"
-#include "ui/scroll_bar.h"
-#include "ui/timer.h"
+#include "ui/event_loop.h"
+#include "ui/stage.h"
 #include "ui/window.h"
 
 namespace show {
@@ -24,17 +20,11 @@ class ShowControls {
         ui::EventLoop& loop;
         ShowState& state;
         ShowScreen& screen;
-        ui::Pointer& pointer;
         Slideshow& show;
-        TransitionRunner& runner;
-        Captions& captions;
-        media::VideoPlayback& video;
-        media::BackgroundMusic& player;
-        ui::ScrollBar& IntS;
-        ui::Timer& Timer1;
-        ui::PictureBox& Pic2;
-        /// Starts the program anew with the settings of now, once the show has passed its last item.
-        std::function<void()> restart;
+        Engines engines;
+        ui::Stage stage;
+        ui::Choices choices;
+        ui::Timers timers;
     };
     explicit ShowControls(Parts parts);
 
@@ -44,6 +34,9 @@ class ShowControls {
     bool keyPress(wchar_t character);
     /// A mouse button was pressed on the show surface.
     void mousePressed(ui::MouseButton button);
+
+    /// The show has passed its last item and its user wants the program anew, with the settings of now.
+    std::function<void()> onRestart;
 
   private:
     void arrow(int key);

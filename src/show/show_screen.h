@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "ui/pointer.h"
+
 namespace show {
 
 /// The window that becomes the show surface.
@@ -14,12 +16,16 @@ class ShowScreen {
     /// Moves the window so that it opens on a monitor to the right of the primary one.
     virtual void moveToSecondScreen() = 0;
     /// Hides the set-up controls, drops the rounded region, turns black and fills the monitor that the window
-    /// is on, to the pixel.
+    /// is on, to the pixel. From now on the pointer over it is the show's own.
     virtual void takeOver() = 0;
     /// Inner size in pixels, once the window has taken over.
     virtual SIZE size() const = 0;
     /// Places what lies over the surface (end button, title box) for that size.
     virtual void arrange() = 0;
+    /// The shape of the fit rule for pictures on it (see fitPicture).
+    virtual double shape() const = 0;
+    /// The mouse pointer over it.
+    virtual ui::Pointer& pointer() = 0;
     /// The window's rectangle on the desktop.
     virtual RECT rectangle() const = 0;
 };

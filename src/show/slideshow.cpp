@@ -5,11 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "app/file_filter.h"
-#include "app/pause_time.h"
-#include "app/resource_ids.h"
+#include "files/file_filter.h"
 #include "media/fade_rule.h"
 #include "show/caption_rule.h"
+#include "show/pause_time.h"
 #include "show/step_rule.h"
 #include "ui/button.h"
 
@@ -26,34 +25,35 @@ constexpr int kAhead = 2;
 }  // namespace
 
 Slideshow::Slideshow(Parts parts) : parts_(std::move(parts)) {
-    parts_.Timer1.onTimer = [this] { tick(); };
+    parts_.timers.Timer1.onTimer = [this] { tick(); };
 }
 
 std::wstring Slideshow::pathOf(int index) const {
-    return parts_.music.musicFolder + parts_.File1.entries()[static_cast<std::size_t>(index)];
+    return parts_.engines.music.musicFolder + parts_.choices.File1.entries()[static_cast<std::size_t>(index)];
 }
 
 bool Slideshow::atEnd() const {
-    return parts_.state.showMode != kNoShow && isPastEnd(parts_.state.pictureIndex, parts_.File1.count());
+    return parts_.state.showMode != kNoShow &&
+           isPastEnd(parts_.state.pictureIndex, parts_.choices.File1.count());
 }
 
 void Slideshow::start() {
-    if (parts_.Screen2.value() == 1) {
+    if (parts_.choices.Screen2.value() == 1) {
         parts_.screen.moveToSecondScreen();
     }
-    parts_.video.close();
+    parts_.engines.video.close();
     parts_.loop.doEvents();
-    if (parts_.File1.count() == 0) {
+    if (parts_.choices.File1.count() == 0) {
         return;
     }
     parts_.state.showMode = kByHand;
-    parts_.music.musicFolder = parts_.Dir1.path();
-    if (parts_.music.musicFolder.back() != L'\\') {
-        parts_.music.musicFolder += L'\\';
+    parts_.engines.music.musicFolder = parts_.choices.Dir1.path();
+    if (parts_.engines.music.musicFolder.back() != L'\\') {
+        parts_.engines.music.musicFolder += L'\\';
     }
-    parts_.Text1.hide();
+    parts_.stage.Text1.hide();
     if (parts_.screen.inSetup()) {
-        parts_.state.pictureIndex = startIndex(parts_.File1.selectedIndex());
+        parts_.state.pictureIndex = startIndex(parts_.choices.File1.selectedIndex());
     }
     parts_.screen.takeOver();
     parts_.loop.doEvents();
@@ -61,57 +61,52 @@ void Slideshow::start() {
     parts_.state.screenWidth = size.cx;
     parts_.state.screenHeight = size.cy;
     SetCursorPos(0, 0);
-    usePointer();
-    parts_.Pic1.movePixels(0, 0, size.cx, size.cy);
+    parts_.stage.Pic1.movePixels(0, 0, size.cx, size.cy);
     parts_.screen.arrange();
-    parts_.Pic2.movePixels(0, 0, size.cx, size.cy);
-    parts_.Pic3.movePixels(0, 0, size.cx, size.cy);
-    parts_.pictures.setSurface(size.cx, size.cy, parts_.shape(size.cx, size.cy));
+    parts_.stage.Pic2.movePixels(0, 0, size.cx, size.cy);
+    parts_.stage.Pic3.movePixels(0, 0, size.cx, size.cy);
+    parts_.pictures.setSurface(size.cx, size.cy, parts_.screen.shape());
     awake_ = std::make_unique<platform::DisplayAwake>();
     showFirst();
-}
-
-void Slideshow::usePointer() {
-    const HCURSOR pointer = LoadCursorW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(PANORELL_POINTER));
-    parts_.Pic2.setPointer(pointer);
-    parts_.Pic3.setPointer(pointer);
 }
 
 void Slideshow::showFirst() {
     const SIZE size = parts_.screen.size();
     parts_.state.currentPicture = pathOf(parts_.state.pictureIndex);
-    parts_.Pic2.clear();
-    parts_.Pic3.clear();
+    parts_.stage.Pic2.clear();
+    parts_.stage.Pic3.clear();
     bool loaded = true;
-    if (app::isVideoName(parts_.state.currentPicture)) {
-        parts_.Pic2.show();
-        parts_.video.videoShowing = 1;
-        parts_.video.OpenAndPlayVideo(parts_.state.currentPicture);
-        parts_.control.send("stop VIDEO");
-        parts_.video.armFade(parts_.Timer1.interval());
-        if (parts_.MUTE.value() == 1) {
-            parts_.video.RampToVideo();
+    if (files::isVideoName(parts_.state.currentPicture)) {
+        parts_.stage.Pic2.show();
+        parts_.engines.video.videoShowing = 1;
+        parts_.engines.video.OpenAndPlayVideo(parts_.state.currentPicture);
+        parts_.engines.video.halt();
+        parts_.engines.video.armFade(parts_.timers.Timer1.interval());
+        if (parts_.choices.MUTE.value() == 1) {
+            parts_.engines.video.RampToVideo();
         }
     } else if (auto picture = parts_.pictures.take(parts_.state.currentPicture)) {
-        parts_.Pic1.movePixels(0, 0, picture->nativeWidth, picture->nativeHeight);
-        parts_.Pic2.setImage(std::move(picture->surface));
+        parts_.stage.Pic1.movePixels(0, 0, picture->nativeWidth, picture->nativeHeight);
+        parts_.stage.Pic2.setImage(std::move(picture->surface));
     } else {
         loaded = false;
     }
-    parts_.rememberFolder();
-    parts_.Pic2.show();
-    UpdateWindow(parts_.Pic2.hwnd());
-    parts_.pointer.hide();
-    if (loaded) {
-        applyScript(script::ScriptPlayer::kFull);
+    if (onStarted) {
+        onStarted();
     }
-    parts_.captions.updateInformation(parts_.runner.currentEffect);
-    parts_.Pic2.setFocus();
-    if (parts_.Screen2.value() == 1) {
+    parts_.stage.Pic2.show();
+    UpdateWindow(parts_.stage.Pic2.hwnd());
+    parts_.screen.pointer().hide();
+    if (loaded) {
+        applyScript(ScriptPlayer::kFull);
+    }
+    parts_.engines.captions.updateInformation(parts_.engines.runner.currentEffect);
+    parts_.stage.Pic2.setFocus();
+    if (parts_.choices.Screen2.value() == 1) {
         const ScreenPoint place = secondScreenPointer(parts_.screen.rectangle().left, size.cy);
         SetCursorPos(place.x, place.y);
     }
-    parts_.player.start();
+    parts_.engines.player.start();
     prepareNeighbours();
     if (!loaded) {
         quickStep();
@@ -119,17 +114,17 @@ void Slideshow::showFirst() {
 }
 
 void Slideshow::continueAutomatically() {
-    if (parts_.video.videoShowing != 0) {
+    if (parts_.engines.video.videoShowing != 0) {
         parts_.state.showMode = kAutomatically;
-        parts_.video.resume();
-        if (parts_.Timer1.interval() <= 0) {
+        parts_.engines.video.resume();
+        if (parts_.timers.Timer1.interval() <= 0) {
             quickStep();
         }
         return;
     }
     if (!parts_.state.quickStepPending && !atEnd()) {
-        parts_.Timer1.setInterval(app::pauseMillisecondsOfScroll(parts_.IntS.value()));
-        parts_.Timer1.setEnabled(true);
+        parts_.timers.Timer1.setInterval(pauseMillisecondsOfScroll(parts_.choices.IntS.value()));
+        parts_.timers.Timer1.setEnabled(true);
     }
     parts_.state.showMode = kAutomatically;
 }
@@ -137,28 +132,28 @@ void Slideshow::continueAutomatically() {
 void Slideshow::pauseByHand() {
     parts_.state.showMode = kByHand;
     parts_.state.quickStepPending = false;
-    parts_.Timer1.setEnabled(false);
-    if (parts_.video.videoShowing != 0) {
-        parts_.video.pause();
+    parts_.timers.Timer1.setEnabled(false);
+    if (parts_.engines.video.videoShowing != 0) {
+        parts_.engines.video.pause();
     }
 }
 
 void Slideshow::hold() {
-    parts_.Timer1.setEnabled(false);
+    parts_.timers.Timer1.setEnabled(false);
     parts_.state.quickStepPending = false;
     parts_.state.pausedFlag = 1;
 }
 
 void Slideshow::quickStep() {
-    const bool onItsWay =
-        parts_.state.quickStepPending && parts_.Timer1.enabled() && parts_.Timer1.interval() == kQuickStepMs;
+    const bool onItsWay = parts_.state.quickStepPending && parts_.timers.Timer1.enabled() &&
+                          parts_.timers.Timer1.interval() == kQuickStepMs;
     if (onItsWay || atEnd()) {
         return;
     }
     parts_.state.quickStepPending = true;
-    parts_.runner.complete();
-    parts_.Timer1.setInterval(kQuickStepMs);
-    parts_.Timer1.restart();
+    parts_.engines.runner.complete();
+    parts_.timers.Timer1.setInterval(kQuickStepMs);
+    parts_.timers.Timer1.restart();
 }
 
 bool Slideshow::stepBack() {
@@ -175,19 +170,19 @@ bool Slideshow::stepBack() {
 }
 
 void Slideshow::endVideo() {
-    parts_.runner.currentEffect = 0;
-    parts_.Pic2.clear();
-    parts_.video.cut();
+    parts_.engines.runner.currentEffect = 0;
+    parts_.stage.Pic2.clear();
+    parts_.engines.video.cut();
 }
 
 void Slideshow::stop() {
     parts_.state.showMode = kNoShow;
     parts_.state.quickStepPending = false;
     ended_ = false;
-    parts_.Timer1.setEnabled(false);
-    parts_.Timer5.setEnabled(false);
-    parts_.video.forgetFade();
-    parts_.runner.complete();
+    parts_.timers.Timer1.setEnabled(false);
+    parts_.timers.Timer5.setEnabled(false);
+    parts_.engines.video.forgetFade();
+    parts_.engines.runner.complete();
     awake_.reset();
     if (onEnd) {
         onEnd();
@@ -199,24 +194,25 @@ void Slideshow::stop() {
 void Slideshow::tick() {
     parts_.state.quickStepPending = false;
     if (ended_ || parts_.state.showMode == kNoShow) {
-        parts_.Timer1.setEnabled(false);
+        parts_.timers.Timer1.setEnabled(false);
         return;
     }
-    const Step step = nextStep(parts_.state.pictureIndex, parts_.File1.count(), parts_.LoopC.value() == 1);
+    const Step step =
+        nextStep(parts_.state.pictureIndex, parts_.choices.File1.count(), parts_.choices.LoopC.value() == 1);
     parts_.state.pictureIndex = step.index;
-    parts_.Timer1.setInterval(app::pauseMillisecondsOfScroll(parts_.IntS.value()));
+    parts_.timers.Timer1.setInterval(pauseMillisecondsOfScroll(parts_.choices.IntS.value()));
     if (parts_.state.pausedFlag == 1 || parts_.state.showMode == kByHand) {
-        parts_.Timer1.setEnabled(false);
+        parts_.timers.Timer1.setEnabled(false);
     }
     if (step.endOfList) {
         endOfList();
         return;
     }
-    if (parts_.video.videoShowing == 1) {
-        parts_.video.CaptureLastFrameAndClose();
+    if (parts_.engines.video.videoShowing == 1) {
+        parts_.engines.video.CaptureLastFrameAndClose();
     }
     parts_.state.currentPicture = pathOf(parts_.state.pictureIndex);
-    if (app::isVideoName(parts_.state.currentPicture)) {
+    if (files::isVideoName(parts_.state.currentPicture)) {
         showVideo();
     } else {
         showPicture();
@@ -224,44 +220,45 @@ void Slideshow::tick() {
 }
 
 void Slideshow::showPicture() {
-    applyScript(script::ScriptPlayer::kMusicOnly);
+    applyScript(ScriptPlayer::kMusicOnly);
     auto picture = parts_.pictures.take(parts_.state.currentPicture);
     if (!picture) {
         passOver();
         return;
     }
     backwards_ = false;
-    parts_.captions.end();
-    parts_.Pic1.movePixels(0, 0, picture->nativeWidth, picture->nativeHeight);
-    parts_.Pic3.setImage(std::move(picture->surface));
+    parts_.engines.captions.end();
+    parts_.stage.Pic1.movePixels(0, 0, picture->nativeWidth, picture->nativeHeight);
+    parts_.stage.Pic3.setImage(std::move(picture->surface));
     prepareNeighbours();
-    parts_.runner.run([this] { parts_.captions.updateInformation(parts_.runner.currentEffect); });
+    parts_.engines.runner.run(
+        [this] { parts_.engines.captions.updateInformation(parts_.engines.runner.currentEffect); });
     // The pause counts from here, so that a picture stands still for all of it.
-    if (parts_.Timer1.enabled() && !parts_.state.quickStepPending) {
-        parts_.Timer1.restart();
+    if (parts_.timers.Timer1.enabled() && !parts_.state.quickStepPending) {
+        parts_.timers.Timer1.restart();
     }
-    applyScript(script::ScriptPlayer::kFull);
+    applyScript(ScriptPlayer::kFull);
 }
 
 void Slideshow::showVideo() {
     backwards_ = false;
-    parts_.captions.end();
-    parts_.captions.updateInformation(parts_.runner.currentEffect);
-    parts_.video.videoShowing = 1;
-    parts_.video.OpenAndPlayVideo(parts_.state.currentPicture);
-    if (parts_.video.videoShowing == 0) {
+    parts_.engines.captions.end();
+    parts_.engines.captions.updateInformation(parts_.engines.runner.currentEffect);
+    parts_.engines.video.videoShowing = 1;
+    parts_.engines.video.OpenAndPlayVideo(parts_.state.currentPicture);
+    if (parts_.engines.video.videoShowing == 0) {
         // A key that came while it opened has ended it and asked for the next item.
         return;
     }
-    parts_.video.ArmVideoLength();
-    const int length = parts_.Timer1.interval();
-    parts_.video.armFade(length);
+    parts_.engines.video.ArmVideoLength();
+    const int length = parts_.timers.Timer1.interval();
+    parts_.engines.video.armFade(length);
     prepareNeighbours();
     if (length <= 0) {
         // It cannot be played: the show goes on.
         quickStep();
-    } else if (parts_.MUTE.value() == 1) {
-        parts_.video.RampToVideo();
+    } else if (parts_.choices.MUTE.value() == 1) {
+        parts_.engines.video.RampToVideo();
     }
 }
 
@@ -278,33 +275,33 @@ void Slideshow::passOver() {
 
 void Slideshow::endOfList() {
     ended_ = true;
-    parts_.Timer1.setEnabled(false);
-    parts_.Timer5.setEnabled(false);
-    parts_.Text1.hide();
+    parts_.timers.Timer1.setEnabled(false);
+    parts_.timers.Timer5.setEnabled(false);
+    parts_.stage.Text1.hide();
     SetCursorPos(0, 0);
-    if (parts_.video.videoShowing == 1) {
-        parts_.video.CaptureLastFrameAndClose();
+    if (parts_.engines.video.videoShowing == 1) {
+        parts_.engines.video.CaptureLastFrameAndClose();
     }
-    parts_.captions.end();
+    parts_.engines.captions.end();
     roundEndButton();
-    parts_.EOT.toFront();
-    parts_.EOT.show();
+    parts_.stage.EOT.toFront();
+    parts_.stage.EOT.show();
     // The end button is there to be clicked.
-    hidePointerAgain_ = parts_.pointer.pointerHidden() != 0;
-    parts_.pointer.show();
-    parts_.Pic2.setFocus();
-    parts_.Pic3.drop();
+    hidePointerAgain_ = parts_.screen.pointer().pointerHidden() != 0;
+    parts_.screen.pointer().show();
+    parts_.stage.Pic2.setFocus();
+    parts_.stage.Pic3.drop();
     parts_.loop.doEvents();
     parts_.loop.sleep(kEndWaitMs);
-    if (parts_.player.playing()) {
+    if (parts_.engines.player.playing()) {
         fadeMusicOut();
     }
 }
 
 void Slideshow::fadeMusicOut() {
-    const int volume = parts_.music.musicVolume;
+    const int volume = parts_.engines.music.musicVolume;
     for (int step = 0; step < media::endFadeSteps(volume); ++step) {
-        parts_.player.sendVolume(media::endFadeVolume(step, volume));
+        parts_.engines.player.sendVolume(media::endFadeVolume(step, volume));
         parts_.loop.doEvents();
         if (!ended_) {
             return;
@@ -315,36 +312,37 @@ void Slideshow::fadeMusicOut() {
 
 // Beside its round corners the button would paint the window's black onto the picture.
 void Slideshow::roundEndButton() {
-    const SIZE size = parts_.EOT.clientSize();
-    const int corner = ui::toPixels(kEndButtonCorner, parts_.EOT.dpi());
+    const SIZE size = parts_.stage.EOT.clientSize();
+    const int corner = ui::toPixels(kEndButtonCorner, parts_.stage.EOT.dpi());
     // The window owns the region from here on.
-    SetWindowRgn(parts_.EOT.hwnd(), CreateRoundRectRgn(0, 0, size.cx + 1, size.cy + 1, corner, corner), TRUE);
+    SetWindowRgn(parts_.stage.EOT.hwnd(), CreateRoundRectRgn(0, 0, size.cx + 1, size.cy + 1, corner, corner),
+                 TRUE);
 }
 
 void Slideshow::leaveEnd() {
-    parts_.EOT.hide();
+    parts_.stage.EOT.hide();
     if (hidePointerAgain_) {
-        parts_.pointer.hide();
+        parts_.screen.pointer().hide();
     }
-    if (parts_.player.playing()) {
-        parts_.player.sendVolume(parts_.music.musicVolume);
-        parts_.Timer5.setEnabled(true);
+    if (parts_.engines.player.playing()) {
+        parts_.engines.player.sendVolume(parts_.engines.music.musicVolume);
+        parts_.timers.Timer5.setEnabled(true);
     }
 }
 
 void Slideshow::applyScript(int mode) {
     try {
-        parts_.script.ApplyScriptEntry(mode);
+        parts_.engines.script.ApplyScriptEntry(mode);
     } catch (const std::invalid_argument&) {
         // A picture without a key has no entry; it is shown all the same.
     }
 }
 
 void Slideshow::prepareNeighbours() {
-    const int count = parts_.File1.count();
+    const int count = parts_.choices.File1.count();
     std::vector<std::wstring> wanted;
     const auto want = [&](int index) {
-        if (index < 0 || index >= count || app::isVideoName(pathOf(index))) {
+        if (index < 0 || index >= count || files::isVideoName(pathOf(index))) {
             return;
         }
         if (std::find(wanted.begin(), wanted.end(), pathOf(index)) == wanted.end()) {
@@ -353,7 +351,7 @@ void Slideshow::prepareNeighbours() {
     };
     const int shown = parts_.state.pictureIndex;
     for (int i = 1; i <= kAhead; ++i) {
-        const bool wraps = shown + i >= count && parts_.LoopC.value() == 1;
+        const bool wraps = shown + i >= count && parts_.choices.LoopC.value() == 1;
         want(wraps ? (shown + i) % count : shown + i);
     }
     want(shown - 1);

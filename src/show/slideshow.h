@@ -5,20 +5,13 @@
 #include <optional>
 #include <string>
 
-#include "media/background_music.h"
-#include "media/video_playback.h"
 #include "platform/display_awake.h"
-#include "script/script_player.h"
-#include "show/captions.h"
+#include "show/engines.h"
 #include "show/picture_source.h"
 #include "show/show_screen.h"
 #include "show/show_state.h"
-#include "show/transition_runner.h"
-#include "ui/check_box.h"
-#include "ui/file_list.h"
-#include "ui/folder_list.h"
-#include "ui/pointer.h"
-#include "ui/scroll_bar.h"
+#include "ui/event_loop.h"
+#include "ui/stage.h"
 
 namespace show {
 
@@ -30,32 +23,11 @@ class Slideshow {
         ui::EventLoop& loop;
         ShowState& state;
         ShowScreen& screen;
-        ui::Pointer& pointer;
         PictureSource& pictures;
-        TransitionRunner& runner;
-        Captions& captions;
-        script::ScriptPlayer& script;
-        media::MediaControl& control;
-        media::VideoPlayback& video;
-        media::BackgroundMusic& player;
-        media::MusicState& music;
-        ui::FileList& File1;
-        const ui::FolderList& Dir1;
-        const ui::ScrollBar& IntS;
-        const ui::CheckBox& LoopC;
-        const ui::CheckBox& Screen2;
-        const ui::CheckBox& MUTE;
-        ui::PictureBox& Pic1;
-        ui::PictureBox& Pic2;
-        ui::PictureBox& Pic3;
-        ui::TextBox& Text1;
-        ui::Control& EOT;
-        ui::Timer& Timer1;
-        ui::Timer& Timer5;
-        /// The shape of the fit rule for a surface of that size.
-        std::function<double(int width, int height)> shape;
-        /// Keeps the folder of this show for a window that is loaded again.
-        std::function<void()> rememberFolder;
+        Engines engines;
+        ui::Stage stage;
+        ui::Choices choices;
+        ui::Timers timers;
     };
     explicit Slideshow(Parts parts);
 
@@ -80,12 +52,13 @@ class Slideshow {
     /// The show is wound down: no more steps.
     void stop();
 
+    /// The first item is on the screen, or what stands for it; the window is still to be shown and told.
+    std::function<void()> onStarted;
     /// The show is over and the window is to be unloaded.
     std::function<void()> onEnd;
 
   private:
     void tick();
-    void usePointer();
     void showFirst();
     void showVideo();
     void showPicture();

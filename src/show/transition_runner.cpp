@@ -96,9 +96,9 @@ void TransitionRunner::place(const OverlayStep& step) {
 }
 
 void TransitionRunner::runCopies(const EffectPlan& plan, int width, int height) {
-    platform::Surface half;
+    picture::Surface half;
     if (plan.halved) {
-        half = platform::Surface(width / 2, height / 2);
+        half = picture::Surface(width / 2, height / 2);
         SetStretchBltMode(half.dc(), COLORONCOLOR);
         StretchBlt(half.dc(), 0, 0, half.width(), half.height(), parts_.Pic3.image().dc(), 0, 0, width,
                    height, SRCCOPY);

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "platform/surface.h"
+#include "picture/surface.h"
 #include "ui/vector_path.h"
 
 namespace ui {
@@ -23,7 +23,7 @@ class Painting {
 
   private:
     RECT area_;
-    platform::Surface surface_;
+    picture::Surface surface_;
 };
 
 }  // namespace ui

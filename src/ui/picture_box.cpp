@@ -10,14 +10,14 @@ PictureBox::PictureBox(const CreateArgs& args) : Control(args) {
     created();
 }
 
-void PictureBox::setImage(platform::Surface image) {
+void PictureBox::setImage(picture::Surface image) {
     image_ = std::move(image);
     repaint();
 }
 
-void PictureBox::setImage(const platform::Pixels& pixels) {
+void PictureBox::setImage(const picture::Pixels& pixels) {
     if (image_.width() != pixels.width || image_.height() != pixels.height) {
-        image_ = platform::Surface(pixels.width, pixels.height);
+        image_ = picture::Surface(pixels.width, pixels.height);
     }
     image_.put(pixels);
     repaint();
@@ -26,7 +26,7 @@ void PictureBox::setImage(const platform::Pixels& pixels) {
 void PictureBox::clear() {
     const SIZE size = clientSize();
     if (image_.width() != size.cx || image_.height() != size.cy) {
-        image_ = platform::Surface(size.cx, size.cy);
+        image_ = picture::Surface(size.cx, size.cy);
     } else {
         image_.fill(RGB(0, 0, 0));
     }
@@ -34,7 +34,7 @@ void PictureBox::clear() {
 }
 
 void PictureBox::drop() {
-    image_ = platform::Surface();
+    image_ = picture::Surface();
     repaint();
 }
 

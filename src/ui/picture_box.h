@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "platform/surface.h"
+#include "picture/surface.h"
 #include "ui/control.h"
 
 namespace ui {
@@ -16,11 +16,11 @@ class PictureBox : public Control {
   public:
     explicit PictureBox(const CreateArgs& args);
 
-    const platform::Surface& image() const { return image_; }
-    platform::Surface& image() { return image_; }
+    const picture::Surface& image() const { return image_; }
+    picture::Surface& image() { return image_; }
     /// Takes an image of any size and repaints.
-    void setImage(platform::Surface image);
-    void setImage(const platform::Pixels& pixels);
+    void setImage(picture::Surface image);
+    void setImage(const picture::Pixels& pixels);
     /// Gives the image the size of the box, black.
     void clear();
     /// Empties the box: no image is kept.
@@ -55,7 +55,7 @@ class PictureBox : public Control {
   private:
     void paintTo(HDC dc, const RECT& area) const;
 
-    platform::Surface image_;
+    picture::Surface image_;
     COLORREF background_ = RGB(0, 0, 0);
     HCURSOR pointer_ = nullptr;
     bool autoRedraw_ = true;

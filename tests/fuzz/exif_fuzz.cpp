@@ -1,6 +1,6 @@
 #include "fuzz/check.h"
-#include "platform/exif.h"
-#include "platform/jpeg_header.h"
+#include "picture/exif.h"
+#include "picture/jpeg_header.h"
 
 #include <cstdint>
 #include <vector>
@@ -15,7 +15,7 @@ bool within(int value, int lowest, int highest) {
 }
 
 void checkExif(const Bytes& file) {
-    const platform::ExifInfo info = platform::readExif(file);
+    const picture::ExifInfo info = picture::readExif(file);
     check(within(static_cast<int>(info.orientation), 1, 8));
     if (info.thumbnail) {
         check(info.thumbnail->offset < file.size());
@@ -31,7 +31,7 @@ void checkExif(const Bytes& file) {
 }
 
 void checkSegments(const Bytes& file) {
-    platform::JpegSegments segments(file);
+    picture::JpegSegments segments(file);
     std::size_t behind = 2;
     while (const auto segment = segments.next()) {
         check(segment->offset >= behind && segment->offset <= file.size());
@@ -42,7 +42,7 @@ void checkSegments(const Bytes& file) {
 }
 
 void checkHeader(const Bytes& file) {
-    if (const auto header = platform::readJpegHeader(file)) {
+    if (const auto header = picture::readJpegHeader(file)) {
         check(within(header->width, 1, 65535) && within(header->height, 1, 65535));
         check(header->dataLength < file.size());
     }

@@ -1,8 +1,8 @@
 #include "app/option_set.h"
 #include "app/parameter_text.h"
-#include "app/pause_time.h"
 #include "fuzz/check.h"
-#include "platform/text_number.h"
+#include "show/pause_time.h"
+#include "text/text_number.h"
 
 #include <cmath>
 #include <cstdint>
@@ -47,13 +47,13 @@ void checkRoundTrip(std::wstring name, std::uint8_t bits) {
 }
 
 void checkNumbers(const std::wstring& text) {
-    check(std::isfinite(platform::numericValue(text)));
-    const app::PauseTextChange change = app::pauseTextChanged(text);
+    check(std::isfinite(text::numericValue(text)));
+    const show::PauseTextChange change = show::pauseTextChanged(text);
     check(!change.scroll ||
-          (*change.scroll >= app::kPauseScrollMin && *change.scroll <= app::kPauseScrollMax));
-    const auto value = static_cast<float>(platform::numericValue(text));
+          (*change.scroll >= show::kPauseScrollMin && *change.scroll <= show::kPauseScrollMax));
+    const auto value = static_cast<float>(text::numericValue(text));
     if (std::isfinite(value)) {
-        check(static_cast<float>(platform::numericValue(platform::decimalText(value))) == value);
+        check(static_cast<float>(text::numericValue(text::decimalText(value))) == value);
     }
 }
 

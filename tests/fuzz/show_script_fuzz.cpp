@@ -1,8 +1,8 @@
 #include "fuzz/check.h"
-#include "platform/utf8.h"
 #include "script/picture_key.h"
 #include "script/show_script.h"
 #include "support/literal_script_reader.h"
+#include "text/utf8.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -49,11 +49,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::wstring text(data + (size - textBytes.size()), data + size);
     checkLines(text);
     checkEntry(text, key);
-    check(platform::decodeUtf8(platform::encodeUtf8(text)) == text);
-    const auto wideText = platform::decodeUtf8(textBytes);
-    const auto wideKey = platform::decodeUtf8(keyBytes);
+    check(text::decodeUtf8(text::encodeUtf8(text)) == text);
+    const auto wideText = text::decodeUtf8(textBytes);
+    const auto wideKey = text::decodeUtf8(keyBytes);
     if (wideText && wideKey) {
-        check(platform::encodeUtf8(*wideText) == textBytes);
+        check(text::encodeUtf8(*wideText) == textBytes);
         checkEntry(*wideText, *wideKey);
     }
     return 0;

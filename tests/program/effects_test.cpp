@@ -29,7 +29,7 @@ struct Shares {
 };
 
 Shares shares() {
-    const platform::Pixels screen = captureScreen();
+    const picture::Pixels screen = captureScreen();
     std::array<int, kPictures> counts{};
     int others = 0;
     for (const std::uint32_t pixel : screen.data) {
@@ -52,7 +52,7 @@ class EffectFilm : public testing::Test {
   protected:
     void startShow() {
         for (std::size_t i = 0; i < kColours.size(); ++i) {
-            platform::Pixels picture(1600, 1200);
+            picture::Pixels picture(1600, 1200);
             std::fill(picture.data.begin(), picture.data.end(), kColours[i]);
             writeJpeg(folder_.file(std::to_wstring(i) + L".jpg"), picture);
         }

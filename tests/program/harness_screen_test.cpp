@@ -44,7 +44,7 @@ TEST(HarnessScreen, TellsABlackScreenFromOneThatIsNot) {
 }
 
 TEST(HarnessScreen, OneForeignPixelIsNotBlack) {
-    platform::Pixels surface(40, 30);
+    picture::Pixels surface(40, 30);
     EXPECT_TRUE(isBlack(surface));
     surface.row(17)[23] = 1;
     EXPECT_FALSE(isBlack(surface));
@@ -54,7 +54,7 @@ TEST(HarnessScreen, OneForeignPixelIsNotBlack) {
 TEST(HarnessScreen, SavesAScreenshotThatReadsBack) {
     const std::wstring path = saveScreenshot("HarnessScreen/self-test");
     ASSERT_TRUE(exists(path));
-    const platform::Pixels read = readPicture(path);
+    const picture::Pixels read = readPicture(path);
     EXPECT_EQ(read.width, screenSize().cx);
     EXPECT_EQ(read.height, screenSize().cy);
     DeleteFileW(path.c_str());
@@ -78,13 +78,13 @@ TEST(HarnessPictures, AWrittenPictureReadsBack) {
 }
 
 TEST(HarnessPictures, TheFittedPictureLiesWhereTheFitRulePutsIt) {
-    const platform::Pixels upright = drawFitted({3, 1200, 1600}, 1024, 768);
+    const picture::Pixels upright = drawFitted({3, 1200, 1600}, 1024, 768);
     EXPECT_EQ(upright.row(400)[223], 0U);
     EXPECT_NE(upright.row(400)[224], 0U);
     EXPECT_NE(upright.row(400)[799], 0U);
     EXPECT_EQ(upright.row(400)[800], 0U);
     EXPECT_TRUE(similar(upright.row(60)[512], groundColour(3)));
-    const platform::Pixels overhanging = drawFitted({3, 6000, 4000}, 1920, 1080);
+    const picture::Pixels overhanging = drawFitted({3, 6000, 4000}, 1920, 1080);
     EXPECT_TRUE(similar(overhanging.row(0)[960], groundColour(3)));
 }
 
@@ -95,8 +95,8 @@ TEST(HarnessPictures, ADamagedPictureDoesNotRead) {
 }
 
 TEST(HarnessPictures, ComparisonsKnowTheirScale) {
-    const platform::Pixels a = draw({1, 64, 48});
-    platform::Pixels b = a;
+    const picture::Pixels a = draw({1, 64, 48});
+    picture::Pixels b = a;
     EXPECT_EQ(psnr(a, b), 99.0);
     EXPECT_EQ(meanDifference(a, b), 0.0);
     for (auto& pixel : b.data) {

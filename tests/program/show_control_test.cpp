@@ -115,7 +115,7 @@ TEST_F(ShowControlTest, CaptionsGoAndLeaveThePictureAsItWas) {
     open(folder);
     ASSERT_TRUE(watch.comes(1));  // bild00, which looks the same
     EXPECT_TRUE(stays([&] { return !at(id::kUT).visible(); }, milliseconds(400), "no caption"));
-    const platform::Pixels clean = captureScreen();
+    const picture::Pixels clean = captureScreen();
     ASSERT_TRUE(press(VK_RIGHT));
     ASSERT_TRUE(becomes(id::kUT, true));
     EXPECT_EQ(at(id::kUT).text(), L"Am Strand von Ängelholm ");
@@ -171,7 +171,7 @@ TEST_F(ShowControlTest, TheEndShowsThePointerAndLeftGoesBack) {
     EXPECT_TRUE(waitFor([] { return pointerVisible(); }, seconds(3), "the pointer"));
     // Nothing but the button stands on the last picture, black corners neither.
     const RECT button = at(id::kEOT).rectangle();
-    const platform::Pixels screen = captureScreen();
+    const picture::Pixels screen = captureScreen();
     for (const POINT corner :
          {POINT{button.left, button.top}, POINT{button.right - 1, button.top},
           POINT{button.left, button.bottom - 1}, POINT{button.right - 1, button.bottom - 1}}) {

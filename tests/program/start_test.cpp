@@ -18,14 +18,14 @@ constexpr std::uint32_t kHeadColour = 0x17263C;
 constexpr int kExact = 4;
 
 /// The part of the screen where the window lies.
-platform::Pixels within(const platform::Pixels& screen, const RECT& window) {
+picture::Pixels within(const picture::Pixels& screen, const RECT& window) {
     return cut(screen,
                {static_cast<int>(window.left), static_cast<int>(window.top),
                 static_cast<int>(window.right - window.left), static_cast<int>(window.bottom - window.top)});
 }
 
 /// Watches the screen until a state is there, and once more then; how many frames `look` took for its own.
-int watchUntil(const std::function<bool()>& done, const std::function<bool(const platform::Pixels&)>& look) {
+int watchUntil(const std::function<bool()>& done, const std::function<bool(const picture::Pixels&)>& look) {
     const auto end = std::chrono::steady_clock::now() + kPatience;
     int seen = 0;
     for (bool last = false; !last && std::chrono::steady_clock::now() < end;) {
@@ -43,7 +43,7 @@ TEST(Start, NoControlIsSeenBlack) {
     double darkest = 0;
     const int frames = watchUntil(
         [&] { return panorell.inSetUpState() && panorell.at(id::kStart).enabled(); },
-        [&](const platform::Pixels& screen) {
+        [&](const picture::Pixels& screen) {
             const RECT window = panorell.form() != nullptr ? Control(panorell.form()).rectangle() : RECT{};
             if (IsRectEmpty(&window) ||
                 !similar(screen.row(window.top + 2)[(window.left + window.right) / 2], kHeadColour, kExact)) {

@@ -1,4 +1,4 @@
-#include "platform/area_average.h"
+#include "picture/area_average.h"
 
 #include <gtest/gtest.h>
 
@@ -12,10 +12,10 @@
 #include <utility>
 #include <vector>
 
-#include "platform/pixels.h"
-#include "platform/scale_kernels.h"
+#include "picture/pixels.h"
+#include "picture/scale_kernels.h"
 
-namespace platform {
+namespace picture {
 namespace {
 
 /// A whole picture in memory that notes what is asked of it.
@@ -312,4 +312,4 @@ TEST(ScaleKernels, WeightedRowsAreTheirSums) {
 }
 
 }  // namespace
-}  // namespace platform
+}  // namespace picture

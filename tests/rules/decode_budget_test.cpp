@@ -1,4 +1,4 @@
-#include "platform/decode_budget.h"
+#include "picture/decode_budget.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <thread>
 #include <vector>
 
-namespace platform {
+namespace picture {
 namespace {
 
 void waitFor(const auto& condition) {
@@ -124,4 +124,4 @@ TEST(DecodeBudget, NeverExceedsItsLimits) {
 }
 
 }  // namespace
-}  // namespace platform
+}  // namespace picture

@@ -1,4 +1,4 @@
-#include "platform/exif.h"
+#include "picture/exif.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 #include "support/exif_bytes.h"
 
-namespace platform {
+namespace picture {
 namespace {
 
 using support::Bytes;
@@ -198,4 +198,4 @@ TEST(Exif, BlockAfterThePictureDataIsNotRead) {
 }
 
 }  // namespace
-}  // namespace platform
+}  // namespace picture

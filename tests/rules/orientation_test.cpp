@@ -1,11 +1,11 @@
-#include "platform/orientation.h"
+#include "picture/orientation.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
 
-namespace platform {
+namespace picture {
 namespace {
 
 constexpr std::uint32_t kUntouched = 0xFFFFFFFF;
@@ -104,4 +104,4 @@ TEST(Orientation, PictureBesideTheSurfaceShowsNothing) {
 }
 
 }  // namespace
-}  // namespace platform
+}  // namespace picture

@@ -1,8 +1,8 @@
-#include "app/pause_time.h"
+#include "show/pause_time.h"
 
 #include <gtest/gtest.h>
 
-namespace app {
+namespace show {
 namespace {
 
 TEST(PauseTime, TextMovesTheBar) {
@@ -50,4 +50,4 @@ TEST(PauseTime, SecondsAndBarRunAgainstEachOther) {
 }
 
 }  // namespace
-}  // namespace app
+}  // namespace show

@@ -1,11 +1,11 @@
-#include "platform/picture_size.h"
+#include "picture/picture_size.h"
 
 #include <gtest/gtest.h>
 
-#include "platform/jpeg_header.h"
+#include "picture/jpeg_header.h"
 #include "support/exif_bytes.h"
 
-namespace platform {
+namespace picture {
 namespace {
 
 using support::Bytes;
@@ -119,4 +119,4 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& instance) { return std::string(instance.param.name); });
 
 }  // namespace
-}  // namespace platform
+}  // namespace picture

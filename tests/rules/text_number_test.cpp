@@ -1,6 +1,6 @@
-#include "platform/text_number.h"
+#include "text/text_number.h"
 
-#include "platform/text.h"
+#include "text/trimming.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <limits>
 #include <utility>
 
-namespace platform {
+namespace text {
 namespace {
 
 constexpr double kLargest = std::numeric_limits<double>::max();
@@ -203,4 +203,4 @@ TEST(Text, FoldsAsciiLettersOnly) {
 }
 
 }  // namespace
-}  // namespace platform
+}  // namespace text

@@ -1,10 +1,10 @@
-#include "platform/utf8.h"
+#include "text/utf8.h"
 
 #include <gtest/gtest.h>
 
 #include <utility>
 
-namespace platform {
+namespace text {
 namespace {
 
 using std::string_literals::operator""s;
@@ -90,4 +90,4 @@ TEST(Utf8, JoinsPairsOfAnyCharacterWidth) {
 }
 
 }  // namespace
-}  // namespace platform
+}  // namespace text

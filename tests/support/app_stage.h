@@ -90,7 +90,7 @@ class AppStage {
     /// The colour in the middle of Pic2.
     std::uint32_t shown() {
         GdiFlush();
-        const platform::Surface& image = form().Pic2.image();
+        const picture::Surface& image = form().Pic2.image();
         if (image.empty()) {
             return 0;
         }

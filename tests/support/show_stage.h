@@ -7,18 +7,17 @@
 #include <string>
 #include <vector>
 
-#include "app/file_filter.h"
 #include "media/background_music.h"
 #include "media/video_playback.h"
-#include "script/script_player.h"
 #include "show/captions.h"
+#include "show/script_player.h"
 #include "show/show_controls.h"
 #include "show/slideshow.h"
 #include "show/transition_runner.h"
 #include "support/picture_writer.h"
 #include "support/recording_media_control.h"
+#include "support/stage_controls.h"
 #include "support/virtual_loop.h"
-#include "ui/button.h"
 #include "ui/form.h"
 
 namespace support {
@@ -39,7 +38,7 @@ class FakePictures : public show::PictureSource {
             return std::nullopt;
         }
         lastLoaded = path;
-        show::ShowPicture picture{400, 300, platform::Surface(width_, height_)};
+        show::ShowPicture picture{400, 300, picture::Surface(width_, height_)};
         const std::uint32_t colour = colourOf(path);
         picture.surface.fill(RGB(colour >> 16 & 0xFF, colour >> 8 & 0xFF, colour & 0xFF));
         return picture;
@@ -75,18 +74,29 @@ class FakeScreen : public show::ShowScreen {
     void takeOver() override { tookOver = true; }
     SIZE size() const override { return {160, 120}; }
     void arrange() override { arranged = true; }
+    double shape() const override { return show::kDesignShape; }
+    ui::Pointer& pointer() override { return pointer_; }
     RECT rectangle() const override { return {0, 0, 160, 120}; }
 
     bool tookOver = false;
     bool movedToSecond = false;
     bool arranged = false;
+
+  private:
+    ui::Pointer pointer_;
+};
+
+/// What the controls of a stage stand on; it lives longer than they do.
+struct StageGround {
+    VirtualLoop loop;
+    ui::Form form{{.className = L"PanorellTestStage", .title = L"", .width = 9000, .height = 6000}};
 };
 
 /// Everything a show needs, with real controls, a recording media control and the virtual clock.
-class ShowStage {
+class ShowStage : public StageGround, public StageControls {
   public:
     /// `names` are made as files of a temporary folder in which the show runs.
-    explicit ShowStage(const std::vector<std::wstring>& names) {
+    explicit ShowStage(const std::vector<std::wstring>& names) : StageControls(loop, form) {
         for (const std::wstring& name : names) {
             writeBytes(folder.file(name), {'x'});
         }
@@ -94,16 +104,14 @@ class ShowStage {
         Dir1.setPath(folderPath());
         File1.setPath(folderPath());
         IntS.setValue(56);
-        controls.emplace(show::ShowControls::Parts{loop, state, screen, pointer, show, runner, captions,
-                                                   video, player, IntS, Timer1, Pic2,
-                                                   [this] { ++restarts; }});
+        controls.onRestart = [this] { ++restarts; };
         show.onEnd = [this] { ++ends; };
     }
 
-    void key(int code) { controls->keyDown(code); }
+    void key(int code) { controls.keyDown(code); }
     void type(wchar_t character) {
-        controls->keyDown(VkKeyScanW(character) & 0xFF);
-        controls->keyPress(character);
+        controls.keyDown(VkKeyScanW(character) & 0xFF);
+        controls.keyPress(character);
     }
     /// The colour in the middle of what the show surface holds.
     std::uint32_t shown() const {
@@ -119,62 +127,27 @@ class ShowStage {
         writeBytes(pathOf(L"Panorell.txt"), {text.begin(), text.end()});
     }
 
-    VirtualLoop loop;
     TemporaryFolder folder;
     RecordingMediaControl control;
     FakePictures pictures;
     FakeScreen screen;
     show::ShowState state;
     media::MusicState music;
-    ui::Pointer pointer;
     int restarts = 0;
     int ends = 0;
 
-    ui::Form form{{.className = L"PanorellTestStage", .title = L"", .width = 9000, .height = 6000}};
-    ui::FileList File1{{.parent = form}, app::isListed, app::kTypPatterns[0]};
-    ui::FolderList Dir1{{.parent = form}};
-    ui::ScrollBar IntS{{.parent = form}, {1, 60, 56}};
-    ui::CheckBox LoopC{{.parent = form}};
-    ui::CheckBox Screen2{{.parent = form}};
-    ui::CheckBox MUTE{{.parent = form}};
-    ui::CheckBox Musik{{.parent = form}};
-    ui::CheckBox ShowFN{{.parent = form}};
-    ui::CheckBox Check1{{.parent = form}};
-    ui::TextBox UT{{.parent = form, .place = {0, 0, 2000, 300}, .visible = false}};
-    ui::TextBox Text1{{.parent = form, .place = {0, 0, 2000, 300}, .visible = false}};
-    ui::PushButton EOT{{.parent = form, .text = L"Ende", .visible = false}};
-    ui::PictureBox Pic3{{.parent = form, .visible = false}};
-    ui::PictureBox Pic2{{.parent = form}};
-    ui::PictureBox Pic1{{.parent = form, .visible = false}};
-    ui::Timer Timer1{loop, 10000};
-    ui::Timer Timer2{loop, 10, ui::Timer::Pacing::FromTick};
-    ui::Timer Timer3{loop, 4000};
-    ui::Timer Timer4{loop, 0};
-    ui::Timer Timer5{loop, 2000};
-
     show::TransitionRunner runner{{loop, Pic2, Pic3, Timer2, Check1}};
     show::Captions captions{{loop, state, Pic2, Pic3, UT, Text1, Timer3}};
-    media::VideoPlayback video{{loop, control, state, music, Pic1, Pic2, Pic3, Timer1, Timer4, MUTE,
+    media::VideoPlayback video{{loop, control, music, stage(), choices(), timers(),
                                 [this] { return player.playing(); }, [this] { return runner.running(); }}};
     media::BackgroundMusic player{
         {loop, control, music, Timer5, Musik, [this] { return runner.running() || video.sounds(); }}};
-    script::ScriptPlayer script{
-        {state, captions, runner, music, player, Timer1, Musik, ShowFN, [this] { return Dir1.path(); }}};
-    show::Slideshow show{{loop,     state,
-                          screen,   pointer,
-                          pictures, runner,
-                          captions, script,
-                          control,  video,
-                          player,   music,
-                          File1,    Dir1,
-                          IntS,     LoopC,
-                          Screen2,  MUTE,
-                          Pic1,     Pic2,
-                          Pic3,     Text1,
-                          EOT,      Timer1,
-                          Timer5,   [](int, int) { return show::kDesignShape; },
-                          [] {}}};
-    std::optional<show::ShowControls> controls;
+    show::ScriptPlayer script{{state, captions, runner, music, player, choices(), timers()}};
+    show::Slideshow show{{loop, state, screen, pictures, engines(), stage(), choices(), timers()}};
+    show::ShowControls controls{{loop, state, screen, show, engines(), stage(), choices(), timers()}};
+
+  private:
+    show::Engines engines() { return {runner, captions, script, video, player, music}; }
 };
 
 }  // namespace support

@@ -1,6 +1,6 @@
 # shellcheck shell=bash
 # Sourced by ./test. Proves that runTests notices test programs that go wrong: each specimen must be counted
-# as it deserves and be given the right reason.
+# as it deserves and be given the right reason. The same for the check of which folder includes which.
 
 # expect NAME PASSED FAILED TEXT SECONDS EXE [ARGUMENT...]: what runTests is to count and to say.
 expect() {
@@ -16,6 +16,24 @@ expect() {
     else
         echo "$name: counted $gotPassed passed, $gotFailed failed; expected $wantPassed and $wantFailed with '$text'"
         cat "$log"
+        failed=$((failed + 1))
+    fi
+}
+
+# expectLayers NAME WRONG FILE INCLUDE: how many wrong includes are to be found where FILE of the folders a < b
+# includes INCLUDE.
+expectLayers() {
+    local name=$1 wrong=$2 file=$3 include=$4 src found
+    src=$(mktemp -d "$testbedFolder/layers.XXXXXX")
+    mkdir -p "$src/a" "$src/b"
+    echo 'foreach(folder a b)' >"$src/CMakeLists.txt"
+    mkdir -p "$(dirname "$src/$file")"
+    echo "#include \"$include\"" >"$src/$file"
+    found=$(tools/check-layers "$src" | wc -l) || true
+    if [ "$found" -eq "$wrong" ]; then
+        passed=$((passed + 1))
+    else
+        echo "$name: $found wrong includes found, expected $wrong"
         failed=$((failed + 1))
     fi
 }
@@ -36,5 +54,10 @@ selftest() {
     expect selftest-silent 0 1 'no report: exit code 0' 60 $specimens/silent.exe
     expect selftest-library 0 1 'no report: it did not start' 60 $specimens/missing_library.exe
     expect selftest-no-program 0 1 'no report' 60 $specimens/never_built.exe
+    expectLayers layers-down 0 b/one.cpp a/one.h
+    expectLayers layers-same 0 a/one.cpp a/two.h
+    expectLayers layers-up 1 a/one.h b/one.h
+    expectLayers layers-up-deep 1 a/more/one.h b/one.h
+    expectLayers layers-unlisted 1 c/one.h a/one.h
     echo "testbed: $((passed + failed - before)) specimens judged"
 }

@@ -17,7 +17,7 @@ using support::ShowStage;
 /// How many pixels of the surface differ from the clean picture.
 int changedPixels(const ShowStage& stage, std::uint32_t clean) {
     GdiFlush();
-    const platform::Surface& image = stage.Pic2.image();
+    const picture::Surface& image = stage.Pic2.image();
     EXPECT_FALSE(image.empty());
     return static_cast<int>(std::count_if(
         image.bits(), image.bits() + static_cast<std::ptrdiff_t>(image.width()) * image.height(),
@@ -116,7 +116,7 @@ TEST_P(CaptionsOfAHeldShow, GoAllTheSame) {
 INSTANTIATE_TEST_SUITE_P(Ways, CaptionsOfAHeldShow,
                          testing::Values(Hold([](ShowStage& stage) { stage.key(VK_DOWN); }),
                                          Hold([](ShowStage& stage) {
-                                             stage.controls->mousePressed(ui::MouseButton::Left);
+                                             stage.controls.mousePressed(ui::MouseButton::Left);
                                          })));
 
 TEST(Captions, QuickStepsLeaveNoneBehind) {
@@ -156,7 +156,7 @@ class DateOnAPicture : public testing::Test {
         stage_.state.screenWidth = kWidth;
         stage_.state.screenHeight = kHeight;
         stage_.Pic2.movePixels(0, 0, kWidth, kHeight);
-        platform::Pixels pixels(kWidth, kHeight);
+        picture::Pixels pixels(kWidth, kHeight);
         for (int y = 0; y < kHeight; ++y) {
             for (int x = 0; x < kWidth; ++x) {
                 pixels.data[static_cast<std::size_t>(y * kWidth + x)] = colourAt(x, y);
@@ -252,7 +252,7 @@ TEST(CaptionsScaled, AreTwiceAsHighOnAScreenOfTwiceTheScaling) {
         stage.form().Start.click();
         ASSERT_TRUE(stage.form().UT.visible());
         GdiFlush();
-        const platform::Surface& image = stage.form().Pic2.image();
+        const picture::Surface& image = stage.form().Pic2.image();
         int bottom = 0;
         for (int i = 0; i < image.width() * image.height(); ++i) {
             if ((image.bits()[i] & 0xFFFFFFU) == 0x00FFFFU) {
@@ -365,7 +365,7 @@ TEST(Captions, AnEllipsisDoesNotPartAPairOfSurrogates) {
 TEST(Captions, InformationLineStandsAtTheRightEdge) {
     ShowStage stage({L"Bild1.jpg"});
     stage.show.start();
-    stage.controls->keyPress(L'?');
+    stage.controls.keyPress(L'?');
     EXPECT_EQ(stage.Text1.text(), L"Bild1 (A)");
     EXPECT_FLOAT_EQ(stage.Text1.left() + stage.Text1.width(), ui::toTwips(160, stage.Text1.dpi()));
 }

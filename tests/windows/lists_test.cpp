@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "app/file_filter.h"
+#include "files/file_filter.h"
 #include "platform/directory.h"
 #include "platform/error.h"
 #include "support/scratch_folder.h"
@@ -20,7 +20,7 @@ class FileListTest : public testing::Test {
   protected:
     TestForm test_;
     ScratchFolder folder_;
-    FileList list_{test_.args(1, {150, 150, 3000, 3000}), app::isListed, L"*.jpg;*.mpg"};
+    FileList list_{test_.args(1, {150, 150, 3000, 3000}), files::isListed, L"*.jpg;*.mpg"};
 };
 
 TEST_F(FileListTest, ListsWhatMatchesInExplorersOrder) {

@@ -257,23 +257,7 @@ class LoadedAgain : public OptionSetsTest {
     void loadSet() {
         const platform::ProfileFile file(stage.program / L"Panorell.ini");
         Form1& f = form();
-        OptionSets({stage.loop,
-                    stage.state(),
-                    file,
-                    f.Drive1,
-                    f.Dir1,
-                    f.File1,
-                    f.IntT,
-                    f.IntS,
-                    f.LoopC,
-                    f.ShowFN,
-                    f.MUTE,
-                    f.Musik,
-                    f.Check1,
-                    f.Pic2,
-                    f.Pic3,
-                    {&f.Option1[0], &f.Option1[1], &f.Option1[2], &f.Option1[3]}})
-            .load();
+        OptionSets({stage.loop, stage.state(), file, f.lists(), f.options(), f.Pic2, f.Pic3}).load();
         stage.previewed();
     }
 };

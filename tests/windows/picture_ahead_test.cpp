@@ -27,7 +27,7 @@ class PictureAheadTest : public testing::Test {
     }
     /// Whether the middle of the surface has about that colour.
     static bool shows(const ShowPicture& taken, std::uint32_t colour) {
-        const platform::Surface& surface = taken.surface;
+        const picture::Surface& surface = taken.surface;
         const std::uint32_t middle =
             surface.bits()[surface.height() / 2 * surface.width() + surface.width() / 2];
         int distance = 0;

@@ -1,4 +1,4 @@
-#include "platform/picture_decoder.h"
+#include "picture/picture_decoder.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -9,12 +9,12 @@
 #include <filesystem>
 #include <thread>
 
+#include "picture/jpeg_header.h"
 #include "platform/com.h"
 #include "platform/error.h"
-#include "platform/jpeg_header.h"
 #include "support/picture_writer.h"
 
-namespace platform {
+namespace picture {
 namespace {
 
 using support::PictureKind;
@@ -53,7 +53,7 @@ class PictureDecoder : public testing::Test {
     }
 
     support::TemporaryFolder folder_;
-    ComApartment apartment_;
+    platform::ComApartment apartment_;
 };
 
 /// The colours in the middle of the four fields: above left, above right, below left, below right.
@@ -265,15 +265,15 @@ TEST_F(PictureDecoder, FileWithoutPictureDataIsAnError) {
          {std::size_t{0}, std::size_t{1}, std::size_t{2}, std::size_t{20}, std::size_t{100},
           bytes.size() - header->dataLength - 1, bytes.size() - header->dataLength}) {
         support::writeBytes(path, {bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length)});
-        EXPECT_THROW(decodeScaledToFit(path, 100, 100), Error) << length << " bytes";
+        EXPECT_THROW(decodeScaledToFit(path, 100, 100), platform::Error) << length << " bytes";
     }
 }
 
 TEST_F(PictureDecoder, OtherContentIsAnError) {
     const std::wstring path = folder_.file(L"a.jpg");
     support::writeBytes(path, std::vector<std::uint8_t>(5000, 'x'));
-    EXPECT_THROW(decodeScaledToFit(path, 100, 100), Error);
-    EXPECT_THROW(decodeScaledToFit(folder_.file(L"missing.jpg"), 100, 100), Error);
+    EXPECT_THROW(decodeScaledToFit(path, 100, 100), platform::Error);
+    EXPECT_THROW(decodeScaledToFit(folder_.file(L"missing.jpg"), 100, 100), platform::Error);
     EXPECT_EQ(decodeBudget().decodesRunning(), 0);
     EXPECT_EQ(decodeBudget().bytesInUse(), 0U);
 }
@@ -340,7 +340,7 @@ TEST_F(EmbeddedThumbnail, DamagedOneIsNotTaken) {
     thumbnail.resize(thumbnail.size() - header->dataLength);
     support::insertSegment(path, support::cameraSegment(1, thumbnail));
     EXPECT_FALSE(decode(path, 80, 60));
-    EXPECT_THROW(decode(folder_.file(L"missing.jpg"), 80, 60), Error);
+    EXPECT_THROW(decode(folder_.file(L"missing.jpg"), 80, 60), platform::Error);
 }
 
 TEST_F(PictureDecoder, FinePatternsMatchTheExactMean) {
@@ -383,4 +383,4 @@ TEST_F(PictureDecoder, DecodesOnSeveralThreads) {
 }
 
 }  // namespace
-}  // namespace platform
+}  // namespace picture

@@ -24,7 +24,7 @@ class PreviewTest : public testing::Test {
     }
     std::uint32_t at(int x, int y) {
         GdiFlush();
-        const platform::Surface& image = form().Pic2.image();
+        const picture::Surface& image = form().Pic2.image();
         return image.bits()[y * image.width() + x] & 0xFFFFFFU;
     }
     AppStage stage;
@@ -119,7 +119,7 @@ TEST_P(PreviewShape, FollowsTheRuleOfTheShow) {
     const RECT place = placeNow();
     EXPECT_NEAR(place.left - whole.left, whole.right - place.right, 1);
     EXPECT_NEAR(place.top - whole.top, whole.bottom - place.bottom, 1);
-    const platform::Surface& image = form().Pic2.image();
+    const picture::Surface& image = form().Pic2.image();
     ASSERT_EQ(image.width(), size.cx);
     ASSERT_EQ(image.height(), size.cy);
     for (const POINT corner :

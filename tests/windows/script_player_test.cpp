@@ -1,4 +1,4 @@
-#include "script/script_player.h"
+#include "show/script_player.h"
 
 #include <gmock/gmock.h>
 
@@ -8,7 +8,7 @@
 #include "support/app_stage.h"
 #include "support/show_stage.h"
 
-namespace script {
+namespace show {
 namespace {
 
 using support::ShowStage;
@@ -30,7 +30,7 @@ class ScriptPlayerTest : public testing::Test {
     std::wstring title() const { return stage.UT.visible() ? stage.UT.text() : L""; }
     bool dateStands() {
         GdiFlush();
-        const platform::Surface& image = stage.Pic2.image();
+        const picture::Surface& image = stage.Pic2.image();
         return std::count(image.bits(), image.bits() + image.width() * image.height(), 0x00FFFFU) > 0;
     }
     ShowStage stage{{L"Bild1.jpg", L"Bild10.jpg", L"Bild2.jpg"}};
@@ -227,7 +227,7 @@ TEST_F(ScriptPlayerTest, TheCleanScreenIsKeptBeforeTheDateIsPrinted) {
     apply(1);
     ASSERT_TRUE(dateStands());
     GdiFlush();
-    const platform::Surface& kept = stage.Pic3.image();
+    const picture::Surface& kept = stage.Pic3.image();
     ASSERT_EQ(kept.width(), 160);
     EXPECT_EQ(std::count(kept.bits(), kept.bits() + 160 * 120, 0xFFFFFFU), 160 * 120);
 }
@@ -334,4 +334,4 @@ TEST(Script, AShowInAFolderWithADotGoesOn) {
 }
 
 }  // namespace
-}  // namespace script
+}  // namespace show

@@ -27,10 +27,10 @@ struct RunningShow : ShowStage {
 
 TEST(Keys, DoNothingWithoutAShow) {
     ShowStage stage(kFour);
-    EXPECT_FALSE(stage.controls->keyDown(VK_RIGHT));
-    EXPECT_FALSE(stage.controls->keyPress(L'c'));
-    EXPECT_FALSE(stage.controls->keyPress(kEscape));
-    stage.controls->mousePressed(ui::MouseButton::Right);
+    EXPECT_FALSE(stage.controls.keyDown(VK_RIGHT));
+    EXPECT_FALSE(stage.controls.keyPress(L'c'));
+    EXPECT_FALSE(stage.controls.keyPress(kEscape));
+    stage.controls.mousePressed(ui::MouseButton::Right);
     EXPECT_EQ(stage.state.showMode, kNoShow);
     EXPECT_EQ(stage.runner.effectNumber, 0);
     EXPECT_FALSE(stage.Timer1.enabled());
@@ -115,7 +115,7 @@ TEST(Keys, DownStopsAndUpGoesOn) {
 
 TEST(Keys, EnterIsIgnored) {
     RunningShow stage;
-    EXPECT_TRUE(stage.controls->keyDown(VK_RETURN));
+    EXPECT_TRUE(stage.controls.keyDown(VK_RETURN));
     EXPECT_EQ(stage.Timer1.interval(), 5000);
 }
 
@@ -140,63 +140,63 @@ TEST(Keys, LettersChooseTheEffectAndHashChangesIt) {
     RunningShow stage;
     stage.type(L'c');
     EXPECT_EQ(stage.runner.effectNumber, 3);
-    stage.controls->keyPress(L'z');
+    stage.controls.keyPress(L'z');
     EXPECT_EQ(stage.runner.effectNumber, 26);
-    stage.controls->keyPress(L'B');
+    stage.controls.keyPress(L'B');
     EXPECT_EQ(stage.runner.effectNumber, 26) << "upper case chooses none";
-    stage.controls->keyPress(L'#');
+    stage.controls.keyPress(L'#');
     EXPECT_EQ(stage.runner.effectNumber, 0);
 }
 
 TEST(Keys, DigitSetsThePauseAndTheBar) {
     RunningShow stage;
-    stage.controls->keyPress(L'9');
+    stage.controls.keyPress(L'9');
     EXPECT_EQ(stage.IntS.value(), 52);
     EXPECT_EQ(stage.Timer1.interval(), 9000);
-    stage.controls->keyPress(L'5');
+    stage.controls.keyPress(L'5');
     EXPECT_EQ(stage.IntS.value(), 56);
     EXPECT_EQ(stage.Timer1.interval(), 5000);
-    stage.controls->keyPress(L'0');
+    stage.controls.keyPress(L'0');
     EXPECT_EQ(stage.IntS.value(), 56);
 }
 
 TEST(Keys, VolumeMovesByTwentyWithinItsBounds) {
     RunningShow stage;
-    stage.controls->keyPress(L'+');
+    stage.controls.keyPress(L'+');
     EXPECT_THAT(stage.control.take(), ElementsAre("setaudio AUDIO volume to 220"));
-    stage.controls->keyPress(L'.');
+    stage.controls.keyPress(L'.');
     EXPECT_THAT(stage.control.take(), ElementsAre("setaudio AUDIO volume to 0"));
     EXPECT_EQ(stage.music.musicVolume, 220);
-    stage.controls->keyPress(L'-');
+    stage.controls.keyPress(L'-');
     EXPECT_THAT(stage.control.take(), ElementsAre("setaudio AUDIO volume to 200"));
     for (int i = 0; i < 40; ++i) {
-        stage.controls->keyPress(L'+');
+        stage.controls.keyPress(L'+');
     }
     EXPECT_EQ(stage.music.musicVolume, 600);
     stage.control.clear();
-    stage.controls->keyPress(L'+');
+    stage.controls.keyPress(L'+');
     EXPECT_TRUE(stage.control.commands().empty()) << "at 600 nothing is sent";
     for (int i = 0; i < 40; ++i) {
-        stage.controls->keyPress(L'-');
+        stage.controls.keyPress(L'-');
     }
     EXPECT_EQ(stage.music.musicVolume, 40);
     stage.control.clear();
-    stage.controls->keyPress(L'-');
+    stage.controls.keyPress(L'-');
     EXPECT_TRUE(stage.control.commands().empty()) << "at 40 nothing is sent";
 }
 
 TEST(Keys, QuestionMarkTogglesTheInformationLine) {
     RunningShow stage;
-    stage.controls->keyPress(L'?');
+    stage.controls.keyPress(L'?');
     EXPECT_TRUE(stage.Text1.visible());
     EXPECT_EQ(stage.Text1.text(), L"a1 (A)");
-    stage.controls->keyPress(L'?');
+    stage.controls.keyPress(L'?');
     EXPECT_FALSE(stage.Text1.visible());
 }
 
 TEST(Keys, EscapeEndsTheShow) {
     RunningShow stage;
-    EXPECT_TRUE(stage.controls->keyPress(kEscape));
+    EXPECT_TRUE(stage.controls.keyPress(kEscape));
     EXPECT_EQ(stage.state.showMode, kNoShow);
     EXPECT_EQ(stage.ends, 1);
     EXPECT_FALSE(stage.Timer1.enabled());
@@ -207,7 +207,7 @@ TEST(Keys, EscapeInATransitionEndsTheShow) {
     stage.Check1.setValue(1);
     stage.runner.effectNumber = 2;
     stage.key(VK_RIGHT);
-    stage.loop.at(600, [&] { stage.controls->keyPress(kEscape); });
+    stage.loop.at(600, [&] { stage.controls.keyPress(kEscape); });
     stage.loop.advance(2000);
     EXPECT_EQ(stage.ends, 1);
     EXPECT_FALSE(stage.runner.running());
@@ -218,8 +218,8 @@ TEST(AfterTheEnd, AnyCharacterRestartsOnceAndDoesNothingElse) {
     RunningShow stage({L"a1.jpg"});
     stage.loop.advance(7000);
     ASSERT_TRUE(stage.show.atEnd());
-    stage.controls->keyPress(L'c');
-    stage.controls->keyPress(L'5');
+    stage.controls.keyPress(L'c');
+    stage.controls.keyPress(L'5');
     EXPECT_EQ(stage.restarts, 1);
     EXPECT_EQ(stage.runner.effectNumber, 0);
     EXPECT_EQ(stage.ends, 0);
@@ -228,36 +228,36 @@ TEST(AfterTheEnd, AnyCharacterRestartsOnceAndDoesNothingElse) {
 TEST(AfterTheEnd, EscapeEnds) {
     RunningShow stage({L"a1.jpg"});
     stage.loop.advance(7000);
-    stage.controls->keyPress(kEscape);
+    stage.controls.keyPress(kEscape);
     EXPECT_EQ(stage.ends, 1);
     EXPECT_EQ(stage.restarts, 0);
 }
 
 TEST(Mouse, LeftPausesAndShowsThePointerThenSteps) {
     RunningShow stage;
-    stage.controls->mousePressed(ui::MouseButton::Left);
+    stage.controls.mousePressed(ui::MouseButton::Left);
     EXPECT_EQ(stage.state.showMode, kByHand);
     EXPECT_FALSE(stage.Timer1.enabled());
-    EXPECT_EQ(stage.pointer.pointerHidden(), 0);
+    EXPECT_EQ(stage.screen.pointer().pointerHidden(), 0);
     stage.loop.advance(30'000);
     EXPECT_EQ(stage.state.pictureIndex, 0);
-    stage.controls->mousePressed(ui::MouseButton::Left);
+    stage.controls.mousePressed(ui::MouseButton::Left);
     stage.loop.advance(30'000);
     EXPECT_EQ(stage.state.pictureIndex, 1) << "one step by hand";
 }
 
 TEST(Mouse, LeftPausesAlsoWithThePointerShown) {
     RunningShow stage;
-    stage.pointer.show();
-    stage.controls->mousePressed(ui::MouseButton::Left);
+    stage.screen.pointer().show();
+    stage.controls.mousePressed(ui::MouseButton::Left);
     EXPECT_EQ(stage.state.showMode, kByHand);
 }
 
 TEST(Mouse, TwoQuickClicksOfAPausedShowAreOneStep) {
     RunningShow stage;
-    stage.controls->mousePressed(ui::MouseButton::Left);
-    stage.controls->mousePressed(ui::MouseButton::Left);
-    stage.controls->mousePressed(ui::MouseButton::Left);
+    stage.controls.mousePressed(ui::MouseButton::Left);
+    stage.controls.mousePressed(ui::MouseButton::Left);
+    stage.controls.mousePressed(ui::MouseButton::Left);
     stage.loop.advance(150);
     EXPECT_EQ(stage.state.pictureIndex, 1);
 }
@@ -271,9 +271,9 @@ TEST(Mouse, LeftPausesAShowThatStepsQuickly) {
     stage.key(VK_RIGHT);
     ASSERT_TRUE(stage.state.quickStepPending);
     const int standing = stage.state.pictureIndex;
-    stage.controls->mousePressed(ui::MouseButton::Left);
+    stage.controls.mousePressed(ui::MouseButton::Left);
     EXPECT_EQ(stage.state.showMode, kByHand);
-    EXPECT_EQ(stage.pointer.pointerHidden(), 0);
+    EXPECT_EQ(stage.screen.pointer().pointerHidden(), 0);
     stage.loop.advance(10'000);
     EXPECT_EQ(stage.state.pictureIndex, standing);
 }
@@ -281,15 +281,15 @@ TEST(Mouse, LeftPausesAShowThatStepsQuickly) {
 TEST(Mouse, TwoQuickClicksOfAShowHeldByDownAreOneStep) {
     RunningShow stage;
     stage.key(VK_DOWN);
-    stage.controls->mousePressed(ui::MouseButton::Left);
-    stage.controls->mousePressed(ui::MouseButton::Left);
+    stage.controls.mousePressed(ui::MouseButton::Left);
+    stage.controls.mousePressed(ui::MouseButton::Left);
     stage.loop.advance(10'000);
     EXPECT_EQ(stage.state.pictureIndex, 1);
 }
 
 TEST(Mouse, PausePutsThePointerInTheMiddleOfTheScreen) {
     RunningShow stage;
-    stage.controls->mousePressed(ui::MouseButton::Left);
+    stage.controls.mousePressed(ui::MouseButton::Left);
     POINT place{};
     GetCursorPos(&place);
     EXPECT_EQ(place.x, 80);
@@ -299,21 +299,21 @@ TEST(Mouse, PausePutsThePointerInTheMiddleOfTheScreen) {
 TEST(Mouse, RightGoesOnByItself) {
     RunningShow stage;
     stage.key(VK_DOWN);
-    stage.controls->mousePressed(ui::MouseButton::Left);
-    stage.controls->mousePressed(ui::MouseButton::Right);
+    stage.controls.mousePressed(ui::MouseButton::Left);
+    stage.controls.mousePressed(ui::MouseButton::Right);
     EXPECT_EQ(stage.state.showMode, kAutomatically);
     EXPECT_EQ(stage.state.pausedFlag, 0);
-    EXPECT_EQ(stage.pointer.pointerHidden(), 1);
+    EXPECT_EQ(stage.screen.pointer().pointerHidden(), 1);
     stage.loop.advance(11'000);
     EXPECT_GE(stage.state.pictureIndex, 2);
 }
 
 TEST(Mouse, BlankContinuesAfterALeftClick) {
     RunningShow stage;
-    stage.controls->mousePressed(ui::MouseButton::Left);
+    stage.controls.mousePressed(ui::MouseButton::Left);
     stage.type(L' ');
     EXPECT_EQ(stage.state.showMode, kAutomatically);
-    EXPECT_EQ(stage.pointer.pointerHidden(), 1);
+    EXPECT_EQ(stage.screen.pointer().pointerHidden(), 1);
     stage.loop.advance(5010);
     EXPECT_EQ(stage.state.pictureIndex, 1);
 }
@@ -321,27 +321,27 @@ TEST(Mouse, BlankContinuesAfterALeftClick) {
 TEST(AfterTheEnd, ThePointerIsThereForTheEndButtonAndGoesWithIt) {
     RunningShow stage({L"a1.jpg"});
     SetCursorPos(50, 50);
-    ASSERT_EQ(stage.pointer.pointerHidden(), 1);
+    ASSERT_EQ(stage.screen.pointer().pointerHidden(), 1);
     stage.loop.advance(7000);
-    EXPECT_EQ(stage.pointer.pointerHidden(), 0);
+    EXPECT_EQ(stage.screen.pointer().pointerHidden(), 0);
     POINT place{};
     GetCursorPos(&place);
     EXPECT_EQ(place.x, 0);
     EXPECT_EQ(place.y, 0);
     stage.key(VK_LEFT);
-    EXPECT_EQ(stage.pointer.pointerHidden(), 1);
+    EXPECT_EQ(stage.screen.pointer().pointerHidden(), 1);
     stage.loop.advance(7000);
     ASSERT_TRUE(stage.show.atEnd());
-    stage.pointer.hide();
-    stage.controls->mousePressed(ui::MouseButton::Left);
-    EXPECT_EQ(stage.pointer.pointerHidden(), 0);
+    stage.screen.pointer().hide();
+    stage.controls.mousePressed(ui::MouseButton::Left);
+    EXPECT_EQ(stage.screen.pointer().pointerHidden(), 0);
 }
 
 TEST(Mouse, ClicksAfterTheEndDoNothing) {
     RunningShow stage({L"a1.jpg"});
     stage.loop.advance(7000);
-    stage.controls->mousePressed(ui::MouseButton::Left);
-    stage.controls->mousePressed(ui::MouseButton::Right);
+    stage.controls.mousePressed(ui::MouseButton::Left);
+    stage.controls.mousePressed(ui::MouseButton::Right);
     stage.loop.advance(7000);
     EXPECT_EQ(stage.state.pictureIndex, 1);
     EXPECT_TRUE(stage.EOT.visible());

@@ -62,7 +62,7 @@ class StateStage : public ShowStage {
         if (found != keys.end()) {
             key(found->second);
         } else if (what == "left" || what == "right") {
-            controls->mousePressed(what == "left" ? ui::MouseButton::Left : ui::MouseButton::Right);
+            controls.mousePressed(what == "left" ? ui::MouseButton::Left : ui::MouseButton::Right);
         } else {
             type(static_cast<wchar_t>(what.front()));
         }
@@ -341,7 +341,7 @@ TEST(ShowStates, NothingActsBeforeAShow) {
         EXPECT_TRUE(stage.control.commands().empty());
         EXPECT_FALSE(stage.Text1.visible());
         EXPECT_EQ(stage.ends + stage.restarts, 0);
-        EXPECT_EQ(stage.pointer.pointerHidden(), 0);
+        EXPECT_EQ(stage.screen.pointer().pointerHidden(), 0);
     }
 }
 

@@ -24,7 +24,7 @@ TEST(SlideshowStart, ShowsTheSelectedPictureByHand) {
     EXPECT_TRUE(stage.screen.tookOver);
     EXPECT_TRUE(stage.screen.arranged);
     EXPECT_FALSE(stage.screen.movedToSecond);
-    EXPECT_EQ(stage.pointer.pointerHidden(), 1);
+    EXPECT_EQ(stage.screen.pointer().pointerHidden(), 1);
     EXPECT_FALSE(stage.Timer1.enabled());
     EXPECT_EQ(stage.music.musicFolder, stage.folderPath() + L"\\");
     stage.loop.advance(60'000);

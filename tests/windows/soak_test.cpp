@@ -132,9 +132,9 @@ class Soak {
         if (what < 4) {
             stage_.key(kKeys[what]);
         } else if (what < 10) {
-            stage_.controls->keyPress(kCharacters[pick(static_cast<int>(std::size(kCharacters)) - 1)]);
+            stage_.controls.keyPress(kCharacters[pick(static_cast<int>(std::size(kCharacters)) - 1)]);
         } else {
-            stage_.controls->mousePressed(what == 10 ? ui::MouseButton::Left : ui::MouseButton::Right);
+            stage_.controls.mousePressed(what == 10 ? ui::MouseButton::Left : ui::MouseButton::Right);
         }
     }
 

@@ -5,7 +5,7 @@
 
 #include <functional>
 
-#include "platform/surface.h"
+#include "picture/surface.h"
 #include "support/effect_model.h"
 #include "support/virtual_loop.h"
 #include "ui/form.h"
@@ -46,8 +46,8 @@ Picture painted(int width, int height, std::uint32_t mark) {
     return picture;
 }
 
-platform::Pixels pixelsOf(const Picture& picture) {
-    platform::Pixels pixels(picture.width, picture.height);
+picture::Pixels pixelsOf(const Picture& picture) {
+    picture::Pixels pixels(picture.width, picture.height);
     std::copy(picture.pixels.begin(), picture.pixels.end(), pixels.data.begin());
     return pixels;
 }
@@ -71,7 +71,7 @@ class Stage {
         GdiFlush();
         POINT place{};
         ClientToScreen(Pic2.hwnd(), &place);
-        platform::Surface copy(kWidth, kHeight);
+        picture::Surface copy(kWidth, kHeight);
         const platform::WindowDc desktop(nullptr);
         BitBlt(copy.dc(), 0, 0, kWidth, kHeight, desktop.get(), place.x, place.y, SRCCOPY);
         GdiFlush();

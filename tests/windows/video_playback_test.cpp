@@ -190,7 +190,7 @@ TEST(VideoInTheShow, LeftClickHaltsAndBlankResumesWithWholeSeconds) {
     stage.loop.advance(5000);
     stage.loop.advance(1700);
     stage.control.clear();
-    stage.controls->mousePressed(ui::MouseButton::Left);
+    stage.controls.mousePressed(ui::MouseButton::Left);
     EXPECT_THAT(stage.control.take(), ElementsAre("stop VIDEO"));
     EXPECT_FALSE(stage.Timer1.enabled());
     EXPECT_FALSE(stage.Timer4.enabled());

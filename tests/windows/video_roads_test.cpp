@@ -92,10 +92,10 @@ TEST(VideoRoads, FromTheFirstItemByHand) {
                 stage.key(VK_UP);
                 break;
             case 2:
-                stage.controls->mousePressed(ui::MouseButton::Left);
+                stage.controls.mousePressed(ui::MouseButton::Left);
                 break;
             default:
-                stage.controls->mousePressed(ui::MouseButton::Right);
+                stage.controls.mousePressed(ui::MouseButton::Right);
                 break;
         }
         stage.loop.advance(150);
@@ -159,7 +159,7 @@ TEST(VideoRoads, HaltedByALeftClickAndResumed) {
     stage.startWithSound();
     stage.loop.advance(10'000);
     stage.log();
-    stage.controls->mousePressed(ui::MouseButton::Left);
+    stage.controls.mousePressed(ui::MouseButton::Left);
     EXPECT_THAT(stage.log(), ElementsAreArray(kStopped));
     stage.loop.advance(60'000);
     EXPECT_THAT(stage.log(), IsEmpty());
@@ -176,7 +176,7 @@ TEST(VideoRoads, HaltedAndLeft) {
         RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "20000");
         stage.startAutomatically();
         stage.loop.advance(7000);
-        stage.controls->mousePressed(ui::MouseButton::Left);
+        stage.controls.mousePressed(ui::MouseButton::Left);
         stage.log();
         stage.key(back ? VK_LEFT : VK_RIGHT);
         stage.loop.advance(150);
@@ -191,7 +191,7 @@ TEST(VideoRoads, LeftByTheMouse) {
     stage.startAutomatically();
     stage.loop.advance(7000);
     stage.log();
-    stage.controls->mousePressed(ui::MouseButton::Right);
+    stage.controls.mousePressed(ui::MouseButton::Right);
     stage.loop.advance(150);
     EXPECT_THAT(stage.log(), ElementsAreArray(kCaptured));
     EXPECT_EQ(stage.state.pictureIndex, 2);

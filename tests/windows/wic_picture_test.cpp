@@ -1,15 +1,15 @@
-#include "platform/wic_picture.h"
+#include "picture/wic_picture.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <vector>
 
+#include "picture/wic_transform.h"
 #include "platform/com.h"
 #include "platform/error.h"
-#include "platform/wic_transform.h"
 
-namespace platform {
+namespace picture {
 namespace {
 
 /// What a decoder under test can do. The defaults are a sound picture that cannot be reduced.
@@ -114,11 +114,11 @@ class FakeFrame : public IWICBitmapFrameDecode, public BitmapSourceTransform {
 
 class WicPictures : public testing::Test {
   protected:
-    ComApartment apartment_;
+    platform::ComApartment apartment_;
 };
 
-ComPtr<IWICBitmapFrameDecode> asFrame(FakeFrame& fake) {
-    return ComPtr<IWICBitmapFrameDecode>(static_cast<IWICBitmapFrameDecode*>(&fake));
+platform::ComPtr<IWICBitmapFrameDecode> asFrame(FakeFrame& fake) {
+    return platform::ComPtr<IWICBitmapFrameDecode>(static_cast<IWICBitmapFrameDecode*>(&fake));
 }
 
 /// The first sample of every row.
@@ -191,14 +191,14 @@ TEST_F(WicPictures, RowsAfterDamageAreBlack) {
 TEST_F(WicPictures, PictureWithoutAnyRowIsAnError) {
     FakeFrame fake({.firstBadRow = 0});
     WicPicture picture(asFrame(fake));
-    EXPECT_THROW(rowsOf(picture, 10), Error);
+    EXPECT_THROW(rowsOf(picture, 10), platform::Error);
 }
 
 TEST_F(WicPictures, PictureWithoutASizeIsAnError) {
     FakeFrame fake({.width = 0});
-    EXPECT_THROW(WicPicture(asFrame(fake)), Error);
+    EXPECT_THROW(WicPicture(asFrame(fake)), platform::Error);
     EXPECT_EQ(fake.references, 0);
 }
 
 }  // namespace
-}  // namespace platform
+}  // namespace picture

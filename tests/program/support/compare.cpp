@@ -14,21 +14,21 @@ int channel(std::uint32_t colour, int index) {
     return static_cast<int>((colour >> (8 * index)) & 0xFF);
 }
 
-bool comparable(const platform::Pixels& a, const platform::Pixels& b) {
+bool comparable(const picture::Pixels& a, const picture::Pixels& b) {
     return !a.empty() && a.width == b.width && a.height == b.height;
 }
 
 }  // namespace
 
-platform::Pixels cut(const platform::Pixels& picture, Area area) {
-    platform::Pixels part(area.width, area.height);
+picture::Pixels cut(const picture::Pixels& picture, Area area) {
+    picture::Pixels part(area.width, area.height);
     for (int y = 0; y < area.height; ++y) {
         std::copy_n(picture.row(area.top + y) + area.left, area.width, part.row(y));
     }
     return part;
 }
 
-double psnr(const platform::Pixels& a, const platform::Pixels& b) {
+double psnr(const picture::Pixels& a, const picture::Pixels& b) {
     if (!comparable(a, b)) {
         return 0;
     }
@@ -43,7 +43,7 @@ double psnr(const platform::Pixels& a, const platform::Pixels& b) {
     return mean > 0 ? std::min(kEqual, 10 * std::log10(255.0 * 255.0 / mean)) : kEqual;
 }
 
-double meanDifference(const platform::Pixels& a, const platform::Pixels& b) {
+double meanDifference(const picture::Pixels& a, const picture::Pixels& b) {
     if (!comparable(a, b)) {
         return 255;
     }
@@ -65,13 +65,13 @@ bool similar(std::uint32_t a, std::uint32_t b, int tolerance) {
     return true;
 }
 
-double shareOf(const platform::Pixels& picture, std::uint32_t colour, int tolerance) {
+double shareOf(const picture::Pixels& picture, std::uint32_t colour, int tolerance) {
     const auto count = std::count_if(picture.data.begin(), picture.data.end(),
                                      [=](std::uint32_t pixel) { return similar(pixel, colour, tolerance); });
     return picture.empty() ? 0 : static_cast<double>(count) / static_cast<double>(picture.data.size());
 }
 
-bool isBlack(const platform::Pixels& picture) {
+bool isBlack(const picture::Pixels& picture) {
     return !picture.empty() && std::all_of(picture.data.begin(), picture.data.end(),
                                            [](std::uint32_t pixel) { return (pixel & kColourBits) == 0; });
 }

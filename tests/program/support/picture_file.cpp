@@ -41,7 +41,7 @@ void createFactory(Com<IWICImagingFactory>& factory) {
             "CoCreateInstance");
 }
 
-std::vector<BYTE> threeBytesAPixel(const platform::Pixels& picture) {
+std::vector<BYTE> threeBytesAPixel(const picture::Pixels& picture) {
     std::vector<BYTE> bytes;
     bytes.reserve(picture.data.size() * 3);
     for (const std::uint32_t pixel : picture.data) {
@@ -62,7 +62,7 @@ void setQuality(IPropertyBag2* options, float quality) {
     options->Write(1, &property, &value);
 }
 
-void write(const std::wstring& path, const platform::Pixels& picture, const GUID& format) {
+void write(const std::wstring& path, const picture::Pixels& picture, const GUID& format) {
     Com<IWICImagingFactory> factory;
     createFactory(factory);
     Com<IWICStream> stream;
@@ -92,15 +92,15 @@ void write(const std::wstring& path, const platform::Pixels& picture, const GUID
 
 }  // namespace
 
-void writeJpeg(const std::wstring& path, const platform::Pixels& picture) {
+void writeJpeg(const std::wstring& path, const picture::Pixels& picture) {
     write(path, picture, GUID_ContainerFormatJpeg);
 }
 
-void writePng(const std::wstring& path, const platform::Pixels& picture) {
+void writePng(const std::wstring& path, const picture::Pixels& picture) {
     write(path, picture, GUID_ContainerFormatPng);
 }
 
-platform::Pixels readPicture(const std::wstring& path) {
+picture::Pixels readPicture(const std::wstring& path) {
     Com<IWICImagingFactory> factory;
     createFactory(factory);
     Com<IWICBitmapDecoder> decoder;
@@ -117,7 +117,7 @@ platform::Pixels readPicture(const std::wstring& path) {
     UINT width = 0;
     UINT height = 0;
     require(converter->GetSize(&width, &height), "GetSize");
-    platform::Pixels picture(static_cast<int>(width), static_cast<int>(height));
+    picture::Pixels picture(static_cast<int>(width), static_cast<int>(height));
     require(converter->CopyPixels(nullptr, width * 4, width * height * 4,
                                   reinterpret_cast<BYTE*>(picture.data.data())),
             "CopyPixels");

@@ -2,17 +2,17 @@
 
 #include <string>
 
-#include "platform/pixels.h"
+#include "picture/pixels.h"
 
 namespace program {
 
 /// Writes a JPEG file at quality 0.92. Throws platform::Error.
-void writeJpeg(const std::wstring& path, const platform::Pixels& picture);
+void writeJpeg(const std::wstring& path, const picture::Pixels& picture);
 
 /// Writes a PNG file. Throws platform::Error.
-void writePng(const std::wstring& path, const platform::Pixels& picture);
+void writePng(const std::wstring& path, const picture::Pixels& picture);
 
 /// Reads a picture file back whole. Throws platform::Error.
-platform::Pixels readPicture(const std::wstring& path);
+picture::Pixels readPicture(const std::wstring& path);
 
 }  // namespace program

@@ -16,7 +16,7 @@ BITMAPINFO topDown(int width, int height) {
     return info;
 }
 
-platform::Pixels captureArea(int left, int top, int width, int height) {
+picture::Pixels captureArea(int left, int top, int width, int height) {
     const BITMAPINFO info = topDown(width, height);
     const HDC screen = GetDC(nullptr);
     const HDC memory = CreateCompatibleDC(screen);
@@ -26,7 +26,7 @@ platform::Pixels captureArea(int left, int top, int width, int height) {
     const BOOL copied = BitBlt(memory, 0, 0, width, height, screen, left, top, SRCCOPY | CAPTUREBLT);
     const DWORD error = GetLastError();
     GdiFlush();
-    platform::Pixels pixels(width, height);
+    picture::Pixels pixels(width, height);
     if (copied && bits) {
         const auto* source = static_cast<const std::uint32_t*>(bits);
         for (std::size_t i = 0; i < pixels.data.size(); ++i) {
@@ -49,7 +49,7 @@ SIZE screenSize() {
     return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
 }
 
-platform::Pixels captureScreen() {
+picture::Pixels captureScreen() {
     const SIZE size = screenSize();
     return captureArea(0, 0, size.cx, size.cy);
 }

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "platform/pixels.h"
+#include "picture/pixels.h"
 
 namespace program {
 
@@ -13,7 +13,7 @@ SIZE screenSize();
 
 /// What the whole primary screen shows now, whoever painted it; the pointer is not part of it.
 /// Throws platform::Error.
-platform::Pixels captureScreen();
+picture::Pixels captureScreen();
 
 /// The colour (0xRRGGBB) of one pixel of the screen.
 std::uint32_t colourAt(POINT place);

@@ -27,7 +27,7 @@ int usedHeight(int height) {
 }
 
 /// Mean difference of the channels at a grid of places.
-double sampledDifference(const platform::Pixels& a, const platform::Pixels& b) {
+double sampledDifference(const picture::Pixels& a, const picture::Pixels& b) {
     int sum = 0;
     for (int j = 0; j < kSamplesDown; ++j) {
         const int y = (2 * j + 1) * usedHeight(a.height) / (2 * kSamplesDown);
@@ -42,7 +42,7 @@ double sampledDifference(const platform::Pixels& a, const platform::Pixels& b) {
     return sum / (3.0 * kSamplesAcross * kSamplesDown);
 }
 
-platform::Pixels upperPart(const platform::Pixels& screen) {
+picture::Pixels upperPart(const picture::Pixels& screen) {
     return cut(screen, {0, 0, screen.width, usedHeight(screen.height)});
 }
 
@@ -59,7 +59,7 @@ int ShowWatch::now() const {
     return recognise(captureScreen());
 }
 
-int ShowWatch::recognise(const platform::Pixels& screen) const {
+int ShowWatch::recognise(const picture::Pixels& screen) const {
     for (const Known& known : known_) {
         if (sampledDifference(screen, known.expected) < kRecognised) {
             return known.picture.number;

@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "platform/pixels.h"
+#include "picture/pixels.h"
 #include "program/support/test_pictures.h"
 #include "program/support/wait.h"
 
@@ -24,7 +24,7 @@ class ShowWatch {
     int now() const;
 
     /// Which of the pictures (or kBlack, kOther) a capture of the screen shows.
-    int recognise(const platform::Pixels& screen) const;
+    int recognise(const picture::Pixels& screen) const;
 
     /// Waits until the screen shows the picture with this number.
     testing::AssertionResult comes(int number, std::chrono::milliseconds timeout = kPatience) const;
@@ -50,7 +50,7 @@ class ShowWatch {
   private:
     struct Known {
         TestPicture picture;
-        platform::Pixels expected;
+        picture::Pixels expected;
     };
     std::vector<Known> known_;
 };

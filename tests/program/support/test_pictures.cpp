@@ -44,7 +44,7 @@ std::uint32_t patternColour(int number, double u, double v) {
     return tens || ones ? kLight : groundColour(number);
 }
 
-void drawInto(platform::Pixels& surface, int number, const show::PixelRect& place) {
+void drawInto(picture::Pixels& surface, int number, const show::PixelRect& place) {
     const int right = std::min(surface.width, place.left + place.width);
     const int bottom = std::min(surface.height, place.top + place.height);
     for (int y = std::max(0, place.top); y < bottom; ++y) {
@@ -67,14 +67,14 @@ std::uint32_t groundColour(int number) {
     return round == 0 ? hue : (hue >> round) & (0x7F7F7FU >> (round - 1));
 }
 
-platform::Pixels draw(const TestPicture& picture) {
-    platform::Pixels drawn(picture.width, picture.height);
+picture::Pixels draw(const TestPicture& picture) {
+    picture::Pixels drawn(picture.width, picture.height);
     drawInto(drawn, picture.number, {0, 0, picture.width, picture.height});
     return drawn;
 }
 
-platform::Pixels drawFitted(const TestPicture& picture, int surfaceWidth, int surfaceHeight) {
-    platform::Pixels surface(surfaceWidth, surfaceHeight);
+picture::Pixels drawFitted(const TestPicture& picture, int surfaceWidth, int surfaceHeight) {
+    picture::Pixels surface(surfaceWidth, surfaceHeight);
     drawInto(
         surface, picture.number,
         show::fitPicture(picture.width, picture.height, surfaceWidth, surfaceHeight, show::kDesignShape));

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/pixels.h"
+#include "picture/pixels.h"
 
 namespace program {
 
@@ -19,9 +19,9 @@ struct TestPicture {
 std::uint32_t groundColour(int number);
 
 /// The picture in its own size.
-platform::Pixels draw(const TestPicture& picture);
+picture::Pixels draw(const TestPicture& picture);
 
 /// A black surface of this size with the picture where the fit rule puts it.
-platform::Pixels drawFitted(const TestPicture& picture, int surfaceWidth, int surfaceHeight);
+picture::Pixels drawFitted(const TestPicture& picture, int surfaceWidth, int surfaceHeight);
 
 }  // namespace program

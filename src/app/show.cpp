@@ -1,0 +1,61 @@
+#include "app/show.h"
+
+#include <algorithm>
+
+namespace app {
+
+Show::Show(ui::EventLoop& loop, media::MediaControl& control, Form1& form,
+           const platform::ProfileFile& settings)
+    : form_(form),
+      screen_(form, settings),
+      runner_({loop, form.Pic2, form.Pic3, form.Timer2, form.Check1}),
+      captions_({loop, state_, form.Pic2, form.Pic3, form.UT, form.Text1, form.Timer3}),
+      video_({loop, control, music_, form.stage(), form.choices(), form.timers(),
+              [this] { return player_.playing(); }, [this] { return runner_.running(); }}),
+      player_({loop, control, music_, form.Timer5, form.Musik,
+               [this] { return runner_.running() || video_.sounds(); }}),
+      script_({state_, captions_, runner_, music_, player_, form.choices(), form.timers()}),
+      slideshow_({loop, state_, screen_, pictures_, engines(), form.stage(), form.choices(), form.timers()}),
+      controls_({loop, state_, screen_, slideshow_, engines(), form.stage(), form.choices(), form.timers()}) {
+    wire();
+}
+
+void Show::wire() {
+    slideshow_.onStarted = [this] { onStarted(); };
+    slideshow_.onEnd = [this] { onEnd(); };
+    controls_.onRestart = [this] { onRestart(); };
+    form_.EOT.onClick = [this] { slideshow_.stop(); };
+    form_.Pic2.onPressed = [this](const ui::MouseEvent& event) { controls_.mousePressed(event.button); };
+    form_.onKey = [this](int key, bool) { return controls_.keyDown(key); };
+}
+
+void Show::prepare(const std::wstring& path) {
+    const SIZE size = screen_.targetSize();
+    pictures_.setSurface(size.cx, size.cy, screen_.shapeFor(size));
+    pictures_.prepare({path});
+}
+
+void Show::activated() {
+    screen_.pointer().show();
+    if (state_.showMode == show::kAutomatically && !slideshow_.atEnd()) {
+        screen_.pointer().hide();
+    }
+}
+
+void Show::keepItemAcross(const std::function<void()>& refresh) {
+    const bool atEnd = slideshow_.atEnd();
+    std::wstring name;
+    if (running() && !atEnd && state_.pictureIndex >= 0 && state_.pictureIndex < form_.File1.count()) {
+        name = form_.File1.entries()[static_cast<std::size_t>(state_.pictureIndex)];
+    }
+    refresh();
+    if (atEnd) {
+        state_.pictureIndex = form_.File1.count();
+    } else if (!name.empty()) {
+        const int index = form_.File1.indexOf(name);
+        // The next file took the place of one that is gone, and a step adds 1.
+        state_.pictureIndex = index >= 0 ? index : std::min(state_.pictureIndex, form_.File1.count()) - 1;
+    }
+}
+
+}  // namespace app

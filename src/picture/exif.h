@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+
+#include "picture/orientation.h"
+
+namespace picture {
+
+/// A moment by the camera's clock; every member is within its calendar range.
+struct ExifDate {
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    friend bool operator==(const ExifDate&, const ExifDate&) = default;
+};
+
+/// A stretch of bytes that lies wholly within the file.
+struct ByteRange {
+    std::size_t offset = 0;
+    std::size_t length = 0;
+    friend bool operator==(const ByteRange&, const ByteRange&) = default;
+};
+
+/// What a camera noted beside a picture.
+struct ExifInfo {
+    Orientation orientation = Orientation::Upright;
+    /// The small JPEG that the camera stored with the picture (it starts with FF D8), turned like the
+    /// picture.
+    std::optional<ByteRange> thumbnail;
+    /// When the picture was taken, or else when the file was last changed by the camera.
+    std::optional<ExifDate> date;
+};
+
+/// Reads the EXIF block of a JPEG file, in either byte order. A file without one, and whatever in it is
+/// damaged, illegal or missing, gives the defaults; no input fails.
+ExifInfo readExif(std::span<const std::uint8_t> file);
+
+}  // namespace picture
