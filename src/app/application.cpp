@@ -75,12 +75,10 @@ void Application::wireWindow() {
         }
     };
     form_.onDpi = [this] { setup_.browser().previewAgain(); };
-    form_.onOwnerMessage = [this](UINT message) {
-        tray_.onOwnerMessage(message);
-        if (message == WM_ENDSESSION) {
-            tray_.remove();
-        }
-    };
+    form_.onOwnerMessage = [this](UINT message) { tray_.onOwnerMessage(message); };
+    form_.onSessionEnd = [this] { tray_.remove(); };
+    form_.keepsAwake = [this] { return show_.keepsAwake(); };
+    form_.onScreens = [this] { show_.screensChanged(); };
 }
 
 bool Application::typed(wchar_t character) {
@@ -107,10 +105,12 @@ void Application::load(const std::wstring& parameterText) {
     }
 }
 
-// A preview that is still on its way must not come into the show.
+// A preview that is still on its way must not come into the show, nor one that moving the window to a monitor
+// of another scaling asks for. Without files there is no show, and the set-up goes on.
 void Application::startShow() {
-    setup_.browser().endPreview();
+    setup_.browser().setPreviewing(false);
     show_.start();
+    setup_.browser().setPreviewing(show_.screen().inSetup());
 }
 
 void Application::pressRun() {

@@ -112,8 +112,11 @@ void FolderBrowser::readFiles() {
     parts_.lists.File1.setToolTip(fileCountText(parts_.lists.File1.count()));
 }
 
-void FolderBrowser::endPreview() {
-    preview_.cancel();
+void FolderBrowser::setPreviewing(bool on) {
+    previewing_ = on;
+    if (!on) {
+        preview_.cancel();
+    }
 }
 
 void FolderBrowser::fileClicked() {
@@ -125,6 +128,9 @@ void FolderBrowser::fileClicked() {
 
 // The first file of a folder is previewed without being chosen: StartIndex stays for what follows.
 void FolderBrowser::previewFile(int index, bool byUser) {
+    if (!previewing_) {
+        return;
+    }
     enableStart(false);
     previewed_ = pathOf(index);
     parts_.Pic2.hide();
@@ -143,6 +149,8 @@ void FolderBrowser::previewFile(int index, bool byUser) {
         enableStart(true);
         return;
     }
+    // Whoever shows the box before the picture is there shows no other one in it.
+    parts_.Pic2.drop();
     const SIZE size = parts_.Pic2.clientSize();
     preview_.load(previewed_, size.cx, size.cy);
     onAboutToShow(previewed_);

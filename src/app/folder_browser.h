@@ -41,8 +41,8 @@ class FolderBrowser {
     bool selectFolder(wchar_t letter);
     /// Previews the same file anew, for a window whose DPI changed.
     void previewAgain();
-    /// Drops the preview that is on its way.
-    void endPreview();
+    /// Whether files are previewed. Off drops the preview that is on its way, and none begins.
+    void setPreviewing(bool on);
     bool previewLoading() const { return preview_.loading(); }
 
     /// The file that a show would begin with is another one.
@@ -63,6 +63,7 @@ class FolderBrowser {
     show::Preview preview_;
     ui::TwipsRect previewPlace_;
     std::wstring previewed_;
+    bool previewing_ = true;
 };
 
 }  // namespace app

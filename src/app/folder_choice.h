@@ -8,8 +8,9 @@
 
 namespace app {
 
-/// Sets the drive and then, where one is given, the folder of the two lists. A drive that is not there or
-/// holds no medium, or a folder that is gone, leaves the lists as they are, without a message.
+/// Sets the drive and then, where one is given, the folder of the two lists; a short path gives its long one.
+/// A drive that is not there or holds no medium, or a folder that is gone, leaves the lists as they are,
+/// without a message.
 void chooseFolder(ui::DriveList& drives, ui::FolderList& folders, const std::wstring& drive,
                   const std::optional<std::wstring>& folder);
 

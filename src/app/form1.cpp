@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "app/form1_layout.h"
+#include "app/option_set.h"
 #include "app/resource_ids.h"
 #include "files/file_filter.h"
 #include "show/pause_time.h"
@@ -166,7 +167,7 @@ void Form1::setToolTips() {
     Run.setToolTip(L"Dia-Show starten");
     Start.setToolTip(L"Bild laden (weiter mit <SPACE>)");
     CTRL.setToolTip(L"Übersicht / beearbeiten");
-    SAVE.setToolTip(L"Einstellungen speichern");
+    SAVE.setToolTip(kSaveTip);
     ENDE.setToolTip(L"Programm beenden");
 }
 
@@ -270,12 +271,19 @@ void Form1::drawEmblem() {
     });
 }
 
-// The surface of a show keeps its place and what it shows.
+// The surface of a show keeps its place; what lies on it follows.
 void Form1::onDpiChanged(int dpi, const RECT& suggested) {
     if (setup_) {
         Form::onDpiChanged(dpi, suggested);
         drawEmblem();
         applyRegion();
+        return;
+    }
+    for (ui::Control* control : controls()) {
+        control->applyDpi();
+    }
+    if (onScreens) {
+        onScreens();
     }
 }
 
@@ -303,6 +311,19 @@ bool Form1::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
     }
     if (onOwnerMessage) {
         onOwnerMessage(message);
+    }
+    if (message == WM_ENDSESSION && w != FALSE && onSessionEnd) {
+        onSessionEnd();
+    }
+    if (message == WM_DISPLAYCHANGE && onScreens) {
+        onScreens();
+    }
+    constexpr WPARAM kCommandBits = 0xFFF0;
+    const bool sleeps = message == WM_SYSCOMMAND &&
+                        ((w & kCommandBits) == SC_SCREENSAVE || (w & kCommandBits) == SC_MONITORPOWER);
+    if (sleeps && keepsAwake && keepsAwake()) {
+        result = 0;
+        return true;
     }
     return Form::onMessage(message, w, l, result);
 }

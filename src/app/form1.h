@@ -53,6 +53,12 @@ class Form1 : public ui::Form {
 
     /// Told of every message; for what the task bar sends to all windows.
     std::function<void(UINT message)> onOwnerMessage;
+    /// The user's session ends; not told when a log-off was called off.
+    std::function<void()> onSessionEnd;
+    /// Whether the screen saver and the monitor's sleep are refused.
+    std::function<bool()> keepsAwake;
+    /// The screens have other sizes, places or scalings than before.
+    std::function<void()> onScreens;
 
   private:
     // Groups outlive their buttons, so they come first.

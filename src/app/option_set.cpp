@@ -44,15 +44,11 @@ OptionSet readOptionSet(const OptionReader& read) {
     return set;
 }
 
-void writeOptionSet(const OptionSet& set, const OptionWriter& write) {
-    write(kDriveKey, set.drive);
-    write(kDirKey, set.dir);
-    write(kDelayKey, set.delay);
-    write(kLoopKey, std::to_wstring(set.loop));
-    write(kDateKey, std::to_wstring(set.date));
-    write(kSoundKey, std::to_wstring(set.sound));
-    write(kMusicKey, std::to_wstring(set.music));
-    write(kEffectsKey, std::to_wstring(set.effects));
+bool writeOptionSet(const OptionSet& set, const OptionWriter& write) {
+    return write(kDriveKey, set.drive) && write(kDirKey, set.dir) && write(kDelayKey, set.delay) &&
+           write(kLoopKey, std::to_wstring(set.loop)) && write(kDateKey, std::to_wstring(set.date)) &&
+           write(kSoundKey, std::to_wstring(set.sound)) && write(kMusicKey, std::to_wstring(set.music)) &&
+           write(kEffectsKey, std::to_wstring(set.effects));
 }
 
 std::wstring optionSetName(int index) {
@@ -90,7 +86,7 @@ std::wstring withBackslash(std::wstring_view programDir) {
 }
 
 bool usesScreenShape(std::wstring_view value) {
-    return text::equalsIgnoringCase(text::trimmed(value), L"screen");
+    return text::trimmed(value) != L"4:3";
 }
 
 }  // namespace app

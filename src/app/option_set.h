@@ -29,10 +29,13 @@ inline constexpr OptionKey kSoundKey{L"Sound", L"1", 1};
 inline constexpr OptionKey kMusicKey{L"Music", L"1", 1};
 inline constexpr OptionKey kEffectsKey{L"Effekte", L"1", 1};
 
+/// The tooltip of SAVE.
+inline constexpr const wchar_t* kSaveTip = L"Einstellungen speichern";
+
 /// Keys that belong to the program and to no set.
 inline constexpr const wchar_t* kProgramSection = L"Prog";
 inline constexpr OptionKey kEditorKey{L"Name", L"C:\\WINDOWS\\SYSTEM32\\MSPAINT.EXE", 79};
-inline constexpr OptionKey kShapeKey{L"Shape", L"4:3", 79};
+inline constexpr OptionKey kShapeKey{L"Shape", L"screen", 79};
 
 /// One option set; the defaults are those of a missing file. Check boxes hold 0, 1 or 2 (greyed).
 struct OptionSet {
@@ -49,7 +52,8 @@ struct OptionSet {
 
 /// Gives the stored text of a key, the key's fallback where it is missing; may be longer than is read.
 using OptionReader = std::function<std::wstring(const OptionKey&)>;
-using OptionWriter = std::function<void(const OptionKey&, const std::wstring& value)>;
+/// Whether the value was written.
+using OptionWriter = std::function<bool(const OptionKey&, const std::wstring& value)>;
 
 /// What is used of a stored value: up to the first NUL, and no more than the key's longest.
 std::wstring cutOptionValue(const OptionKey& key, std::wstring_view value);
@@ -57,8 +61,8 @@ std::wstring cutOptionValue(const OptionKey& key, std::wstring_view value);
 /// Reads a set, key after key. A check box whose value is not 0, 1 or 2 gets its default.
 OptionSet readOptionSet(const OptionReader& read);
 
-/// Writes a set, key after key in the order of the file.
-void writeOptionSet(const OptionSet& set, const OptionWriter& write);
+/// Writes a set, key after key in the order of the file, up to the first that cannot be written; false then.
+bool writeOptionSet(const OptionSet& set, const OptionWriter& write);
 
 /// "Set1" ... "Set4" for index 0 ... 3: the section of a set and the value of `CurrentSet`.
 std::wstring optionSetName(int index);
@@ -76,7 +80,7 @@ std::wstring editorCaption(std::wstring_view editorPath);
 /// `programDir` with a "\" at its end.
 std::wstring withBackslash(std::wstring_view programDir);
 
-/// Whether the value of kShapeKey asks for the screen's own shape instead of 4:3.
+/// Whether the value of kShapeKey asks for the screen's own shape: every value does but "4:3".
 bool usesScreenShape(std::wstring_view value);
 
 }  // namespace app

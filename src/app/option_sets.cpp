@@ -4,9 +4,16 @@
 
 #include "app/folder_choice.h"
 #include "app/option_set.h"
+#include "platform/short_path.h"
 #include "show/pause_time.h"
 
 namespace app {
+
+namespace {
+
+constexpr wchar_t kSaveFailedTip[] = L"Panorell.ini kann nicht geschrieben werden";
+
+}  // namespace
 
 void OptionSets::load() {
     // The lists that change below count as another folder of the user's.
@@ -43,18 +50,23 @@ void OptionSets::load() {
 void OptionSets::store() {
     OptionSet set;
     set.drive = parts_.lists.Drive1.drive();
-    set.dir = parts_.lists.Dir1.path();
+    const std::wstring folder = parts_.lists.Dir1.path();
+    set.dir = platform::storablePath(folder);
     set.delay = parts_.options.IntT.text();
     set.loop = parts_.options.LoopC.value();
     set.date = parts_.options.ShowFN.value();
     set.sound = parts_.options.MUTE.value();
     set.music = parts_.options.Musik.value();
     set.effects = parts_.options.Check1.value();
-    writeOptionSet(set, [this](const OptionKey& key, const std::wstring& value) {
-        parts_.settings.write(parts_.state.CurrentSet, key.name, value);
+    const bool stored = writeOptionSet(set, [this](const OptionKey& key, const std::wstring& value) {
+        return parts_.settings.write(parts_.state.CurrentSet, key.name, value);
     });
+    parts_.SAVE.setToolTip(stored ? kSaveTip : kSaveFailedTip);
+    if (!stored) {
+        return;
+    }
     if (const auto index = optionSetIndex(parts_.state.CurrentSet)) {
-        parts_.options.Option1[static_cast<std::size_t>(*index)]->setToolTip(folderDisplayName(set.dir));
+        parts_.options.Option1[static_cast<std::size_t>(*index)]->setToolTip(folderDisplayName(folder));
     }
     MessageBeep(MB_OK);
 }
@@ -74,7 +86,8 @@ void OptionSets::showFolderNames() {
     for (int i = 0; i < kOptionSetCount; ++i) {
         const std::wstring folder =
             parts_.settings.read(optionSetName(i), kDirKey.name, kDirKey.fallback, kDirKey.longest);
-        parts_.options.Option1[static_cast<std::size_t>(i)]->setToolTip(folderDisplayName(folder));
+        parts_.options.Option1[static_cast<std::size_t>(i)]->setToolTip(
+            folderDisplayName(platform::longPath(folder)));
     }
 }
 

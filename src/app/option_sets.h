@@ -9,7 +9,7 @@
 namespace app {
 
 /// The four option sets of the settings file and the controls that they fill. Nothing is kept between reads,
-/// and an unusable value or an unwritable file is passed over in silence.
+/// and an unusable value is passed over in silence.
 class OptionSets {
   public:
     struct Parts {
@@ -20,12 +20,14 @@ class OptionSets {
         Options options;
         ui::PictureBox& Pic2;
         ui::PictureBox& Pic3;
+        ui::Control& SAVE;
     };
     explicit OptionSets(const Parts& parts) : parts_(parts) {}
 
     /// Reads the set named CurrentSet into the controls.
     void load();
-    /// Writes the controls into the set named CurrentSet, and confirms with a beep.
+    /// Writes the controls into the set named CurrentSet, and confirms with a beep. Where the settings file
+    /// cannot be written nothing confirms it, and the tooltip of SAVE says so.
     void store();
     /// Makes set `index` (0 ... 3) the active one and loads it; what was not stored is lost.
     void choose(int index);

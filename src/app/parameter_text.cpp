@@ -126,7 +126,10 @@ std::wstring_view parametersOfCommandLine(std::wstring_view commandLine) {
     commandLine = text::trimmed(commandLine);
     const bool quoted = !commandLine.empty() && commandLine.front() == L'"';
     const std::size_t end = quoted ? commandLine.find(L'"', 1) : commandLine.find(L' ');
-    return end == npos ? std::wstring_view{} : text::trimmed(commandLine.substr(end + 1));
+    const std::wstring_view parameters =
+        end == npos ? std::wstring_view{} : text::trimmed(commandLine.substr(end + 1));
+    // A pair of quotes is how a shortcut or a shell writes that there is none.
+    return parameters == L"\"\"" ? std::wstring_view{} : parameters;
 }
 
 }  // namespace app

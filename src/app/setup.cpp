@@ -18,7 +18,7 @@ constexpr float kVersionPoints = 14.0F;
 Setup::Setup(const Parts& parts)
     : parts_(parts),
       sets_({parts.loop, parts.state, parts.settings, parts.form.lists(), parts.form.options(),
-             parts.form.Pic2, parts.form.Pic3}),
+             parts.form.Pic2, parts.form.Pic3, parts.form.SAVE}),
       browser_({parts.loop, parts.state, parts.music, parts.video, parts.form.lists(), parts.form.Pic2,
                 parts.form.Start, parts.form.Run}),
       parameters_({parts.state, parts.form.lists(), parts.form.options(),

@@ -1,7 +1,5 @@
 #include "app/show.h"
 
-#include <algorithm>
-
 namespace app {
 
 Show::Show(ui::EventLoop& loop, media::MediaControl& control, Form1& form,
@@ -39,22 +37,6 @@ void Show::activated() {
     screen_.pointer().show();
     if (state_.showMode == show::kAutomatically && !slideshow_.atEnd()) {
         screen_.pointer().hide();
-    }
-}
-
-void Show::keepItemAcross(const std::function<void()>& refresh) {
-    const bool atEnd = slideshow_.atEnd();
-    std::wstring name;
-    if (running() && !atEnd && state_.pictureIndex >= 0 && state_.pictureIndex < form_.File1.count()) {
-        name = form_.File1.entries()[static_cast<std::size_t>(state_.pictureIndex)];
-    }
-    refresh();
-    if (atEnd) {
-        state_.pictureIndex = form_.File1.count();
-    } else if (!name.empty()) {
-        const int index = form_.File1.indexOf(name);
-        // The next file took the place of one that is gone, and a step adds 1.
-        state_.pictureIndex = index >= 0 ? index : std::min(state_.pictureIndex, form_.File1.count()) - 1;
     }
 }
 

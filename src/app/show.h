@@ -38,7 +38,11 @@ class Show {
     void prepare(const std::wstring& path);
     /// Runs `refresh`, which reads File1 anew. Files may have come and gone while another window was in
     /// front; the item shown keeps its place by name.
-    void keepItemAcross(const std::function<void()>& refresh);
+    void keepItemAcross(const std::function<void()>& refresh) { slideshow_.keepItemAcross(refresh); }
+    /// The screens have changed: the surface and the item shown follow.
+    void screensChanged() { slideshow_.screensChanged(); }
+    /// Whether the display has to stay awake: while a show runs, not at its end.
+    bool keepsAwake() const { return slideshow_.keepsAwake(); }
     /// The window was activated: the pointer comes up, but not over a show that runs by itself.
     void activated();
 

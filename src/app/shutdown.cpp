@@ -1,5 +1,7 @@
 #include "app/shutdown.h"
 
+#include <utility>
+
 #include "platform/clipboard.h"
 #include "platform/process.h"
 
@@ -12,6 +14,9 @@ void Shutdown::stopMedia() {
 }
 
 void Shutdown::clipboardEnd() {
+    if (std::exchange(left_, true)) {
+        return;
+    }
     stopMedia();
     platform::setClipboardText(GetAncestor(parts_.Pic2.hwnd(), GA_ROOT), parts_.parameters.command());
     parts_.tray.remove();
@@ -19,6 +24,9 @@ void Shutdown::clipboardEnd() {
 }
 
 void Shutdown::showEnd() {
+    if (std::exchange(left_, true)) {
+        return;
+    }
     stopMedia();
     parts_.Pic2.setAutoRedraw(false);
     parts_.Pic3.setAutoRedraw(false);
@@ -29,6 +37,9 @@ void Shutdown::showEnd() {
 }
 
 void Shutdown::restart() {
+    if (std::exchange(left_, true)) {
+        return;
+    }
     platform::startProcess(parts_.parameters.restartCommand());
     parts_.loop.leave();
 }

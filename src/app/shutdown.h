@@ -8,7 +8,8 @@
 
 namespace app {
 
-/// The ways out of the program. None asks, and none stores settings.
+/// The ways out of the program. None asks, and none stores settings. The first one that is taken counts: a
+/// second Escape that waited in the queue does nothing.
 class Shutdown {
   public:
     struct Parts {
@@ -32,6 +33,7 @@ class Shutdown {
     void stopMedia();
 
     Parts parts_;
+    bool left_ = false;
 };
 
 }  // namespace app

@@ -24,6 +24,7 @@ bool BackgroundMusic::wanted() const {
 void BackgroundMusic::start() {
     parts_.music.musicEndTime = 0;
     stopped_ = false;
+    chosen_ = false;
     if (wanted()) {
         parts_.Timer5.setInterval(kRotationMs);
         parts_.Timer5.setEnabled(true);
@@ -72,10 +73,13 @@ void BackgroundMusic::tick() {
     if (isBeforeEnd(static_cast<float>(parts_.loop.timeOfDay()), parts_.music.musicEndTime)) {
         return;
     }
-    const Rotation rotation = skipLocked(parts_.music.musicList, parts_.music.musicIndex);
-    parts_.music.musicIndex = rotation.index;
-    if (!rotation.playable) {
-        return;
+    // A title that was asked for may be a locked one.
+    if (!chosen_) {
+        const Rotation rotation = skipLocked(parts_.music.musicList, parts_.music.musicIndex);
+        parts_.music.musicIndex = rotation.index;
+        if (!rotation.playable) {
+            return;
+        }
     }
     // A video may have begun to sound during the fade: the title then comes after it.
     if ((parts_.music.musicRequest.empty() || takeRequest()) && !parts_.mustWait()) {
@@ -90,7 +94,8 @@ bool BackgroundMusic::takeRequest() {
     // Handlers ran during the fade: what is asked for now counts.
     const std::wstring request = parts_.music.musicRequest;
     parts_.music.musicRequest.clear();
-    if (request == kStopRequest) {
+    chosen_ = request != kStopRequest;
+    if (!chosen_) {
         parts_.Timer5.setEnabled(false);
         parts_.Musik.setValue(2);
         stopped_ = true;
@@ -102,9 +107,9 @@ bool BackgroundMusic::takeRequest() {
 }
 
 void BackgroundMusic::fadeOut() {
-    const int volume = parts_.music.musicVolume;
-    for (int step = 0; step < kRequestFadeSteps; ++step) {
-        if (const auto faded = requestFadeVolume(step, volume)) {
+    // A video that begins to sound has a fade of its own.
+    for (int step = 0; step < kRequestFadeSteps && !parts_.mustWait(); ++step) {
+        if (const auto faded = requestFadeVolume(step, parts_.music.musicVolume)) {
             sendVolume(*faded);
         }
         parts_.loop.sleep(kRequestFadePauseMs);
@@ -117,6 +122,7 @@ void BackgroundMusic::play() {
     const std::wstring path =
         music.musicFolder + fileNameOfEntry(music.musicList[static_cast<std::size_t>(music.musicIndex)]);
     stopped_ = false;
+    chosen_ = false;
     stop();
     parts_.control.send("open " + platform::shortPath(path) + " alias AUDIO");
     parts_.control.send("set AUDIO time format milliseconds");

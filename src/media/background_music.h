@@ -52,6 +52,8 @@ class BackgroundMusic {
     Parts parts_;
     /// "<" has stopped the music, which plays on unheard.
     bool stopped_ = false;
+    /// musicIndex is a title that was asked for and has not come yet.
+    bool chosen_ = false;
 };
 
 }  // namespace media

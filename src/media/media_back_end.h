@@ -8,7 +8,7 @@ namespace media {
 
 /// What carries the media commands out.
 enum class BackEnd {
-    Mci,         ///< the system's media control interface
+    Mci,         ///< the system's media control interface; what it cannot open goes to a graph
     DirectShow,  ///< the program's own reader of the commands, on filter graphs
 };
 

@@ -33,6 +33,10 @@ class MediaControl {
     /// included; with 0 nothing is answered. Never throws for a command that fails or makes no sense: that
     /// gives an error number, an empty reply, and changes nothing.
     virtual MediaReply send(const std::string& command, int replySize = 0) = 0;
+
+    /// The control that gives a film's frames ("update") without a window: this one, or one behind it that
+    /// can.
+    virtual MediaControl& frameSource() { return *this; }
 };
 
 }  // namespace media

@@ -15,14 +15,6 @@ constexpr Ticks kStartMargin = 10 * kTicksPerMillisecond;
 constexpr Ticks kTicksPerSecond = 1000 * kTicksPerMillisecond;
 constexpr Ticks kStampsPerSecond = 90'000;
 
-/// Child windows of `parent`, the topmost first, until `visit` has enough.
-template <typename Visit>
-void eachChild(HWND parent, Visit visit) {
-    for (HWND child = GetWindow(parent, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-        visit(child);
-    }
-}
-
 }  // namespace
 
 MediaGraph::MediaGraph(const std::wstring& path, HWND parent)
@@ -56,16 +48,9 @@ void MediaGraph::embed(HWND parent) {
         window_.reset();
         return;
     }
-    std::vector<HWND> before;
-    eachChild(parent, [&](HWND child) { before.push_back(child); });
     window_->put_Owner(reinterpret_cast<OAHWND>(parent));
     window_->put_WindowStyle(WS_CHILD | WS_CLIPSIBLINGS);
     window_->SetWindowPosition(0, 0, parts_.frames->width(), parts_.frames->height());
-    eachChild(parent, [&](HWND child) {
-        if (std::find(before.begin(), before.end(), child) == before.end()) {
-            EnableWindow(child, FALSE);
-        }
-    });
 }
 
 void MediaGraph::jump(Ticks position) {

@@ -22,8 +22,8 @@ class MediaGraph {
   public:
     enum class Mode { Stopped, Playing, Paused };
 
-    /// Opens the file at `path`. With `parent` a film is shown as a child of that window, disabled, so that
-    /// clicks reach the parent; without (null) it is not shown. Throws platform::Error.
+    /// Opens the file at `path`. With `parent` a film is shown as a child of that window; without (null) it
+    /// is not shown. Throws platform::Error.
     MediaGraph(const std::wstring& path, HWND parent);
     ~MediaGraph();
     MediaGraph(const MediaGraph&) = delete;

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
-#include <sstream>
 #include <utility>
 
+#include "media/film_window.h"
+#include "media/last_frame.h"
+#include "media/media_text.h"
 #include "platform/short_path.h"
 #include "text/text_number.h"
 
@@ -20,21 +21,6 @@ constexpr int kNoMusic = -1;
 /// Longer than a quick step takes to begin, so that the next item is on its way before a fade blocks.
 constexpr int kFadeRetryMs = 250;
 
-template <typename Handle>
-std::string decimal(Handle handle) {
-    return std::to_string(reinterpret_cast<std::uintptr_t>(handle));
-}
-
-/// Width and height in the answer to "where", which is "x y width height".
-SIZE sourceSize(const std::string& reply) {
-    std::istringstream numbers(reply);
-    int x = 0;
-    int y = 0;
-    SIZE size{};
-    numbers >> x >> y >> size.cx >> size.cy;
-    return size;
-}
-
 }  // namespace
 
 VideoPlayback::VideoPlayback(Parts parts) : parts_(std::move(parts)) {
@@ -45,7 +31,7 @@ void VideoPlayback::close() {
     parts_.control.send("stop VIDEO");
     parts_.control.send("close VIDEO");
     parts_.timers.Timer4.setEnabled(false);
-    paused_ = false;
+    phase_ = Phase::Idle;
 }
 
 void VideoPlayback::forgetFade() {
@@ -67,17 +53,27 @@ void VideoPlayback::OpenAndPlayVideo(const std::wstring& path) {
     parts_.timers.Timer4.setEnabled(false);
     parts_.control.send("stop VIDEO");
     parts_.control.send("close VIDEO");
-    paused_ = false;
-    const std::string shortPath = platform::shortPath(path);
-    parts_.control.send("open " + shortPath + " alias VIDEO parent " + decimal(parts_.stage.Pic2.hwnd()) +
-                        " style child");
+    phase_ = Phase::Idle;
+    path_ = path;
+    parts_.control.send("open " + platform::shortPath(path) + " alias VIDEO parent " +
+                        handleText(parts_.stage.Pic2.hwnd()) + " style child");
+    disableChildren(parts_.stage.Pic2.hwnd());
     parts_.control.send("set VIDEO audio all off");
-    const float twips = ui::twipsPerPixel(parts_.stage.Pic2.dpi());
-    parts_.control.send(" put VIDEO window at 0 0 " + text::decimalBytes(parts_.stage.Pic2.width() / twips) +
-                        " " + text::decimalBytes(parts_.stage.Pic2.height() / twips));
+    fillBox();
     parts_.loop.doEvents();
     parts_.control.send("play VIDEO");
     parts_.loop.doEvents();
+}
+
+void VideoPlayback::fillBox() {
+    const ui::PictureBox& box = parts_.stage.Pic2;
+    const float twips = ui::twipsPerPixel(box.dpi());
+    const std::string command =
+        "put VIDEO window at 0 0 " + pixelText(box.width() / twips) + " " + pixelText(box.height() / twips);
+    // The blank in front is the command's own form; a device that does not know it gets it without.
+    if (parts_.control.send(" " + command).error != 0) {
+        parts_.control.send(command);
+    }
 }
 
 void VideoPlayback::ArmVideoLength() {
@@ -87,6 +83,7 @@ void VideoPlayback::ArmVideoLength() {
     parts_.timers.Timer1.setInterval(length);
     armedAt_ = parts_.loop.now();
     armedMs_ = length;
+    phase_ = Phase::Playing;
     fadeDue_ = true;
     if (parts_.choices.MUTE.value() == 1) {
         parts_.control.send("set VIDEO audio all on");
@@ -117,37 +114,29 @@ void VideoPlayback::fadeToMusicOnce() {
 
 void VideoPlayback::CaptureLastFrameAndClose() {
     videoShowing = 0;
-    paused_ = false;
+    phase_ = Phase::Idle;
     parts_.timers.Timer4.setEnabled(false);
     fadeToMusicOnce();
-    const SIZE source = sourceSize(parts_.control.send("where VIDEO source", kReplySize).text);
-    parts_.stage.Pic1.movePixels(0, 0, source.cx, source.cy);
-    parts_.stage.Pic1.setImage(picture::Surface(source.cx, source.cy));
-    const picture::Surface& frame = parts_.stage.Pic1.image();
-    if (!frame.empty()) {
-        parts_.control.send("update VIDEO hdc " + decimal(frame.dc()));
+    ui::Stage& stage = parts_.stage;
+    if (auto frame = lastFrame(parts_.control, stage.Pic2, path_)) {
+        stage.Pic1.movePixels(0, 0, frame->width(), frame->height());
+        stage.Pic1.setImage(std::move(*frame));
         parts_.loop.doEvents();
-        parts_.stage.Pic2.draw([&](HDC dc) {
-            SetStretchBltMode(dc, HALFTONE);
-            SetBrushOrgEx(dc, 0, 0, nullptr);
-            const picture::Surface& surface = parts_.stage.Pic2.image();
-            StretchBlt(dc, 0, 0, surface.width(), surface.height(), frame.dc(), 0, 0, frame.width(),
-                       frame.height(), SRCCOPY);
-        });
+        stage.Pic2.draw([&](HDC dc) { stage.Pic1.image().stretchTo(dc, stage.Pic2.image().size()); });
         parts_.loop.doEvents();
+        stage.Pic1.drop();
     }
-    parts_.stage.Pic3.image().copyFrom(parts_.stage.Pic2.image());
-    parts_.stage.Pic3.move({0, 0, parts_.stage.Pic2.width(), parts_.stage.Pic2.height()});
-    parts_.stage.Pic3.show();
-    parts_.stage.Pic3.paintNow();
-    parts_.stage.Pic2.hide();
+    stage.Pic3.image().copyFrom(stage.Pic2.image());
+    stage.Pic3.move({0, 0, stage.Pic2.width(), stage.Pic2.height()});
+    stage.Pic3.show();
+    stage.Pic3.paintNow();
+    stage.Pic2.hide();
     parts_.loop.doEvents();
     parts_.control.send("stop VIDEO");
     parts_.control.send("close VIDEO");
-    parts_.stage.Pic2.show();
-    parts_.stage.Pic3.hide();
+    stage.Pic2.show();
+    stage.Pic3.hide();
     parts_.loop.doEvents();
-    parts_.stage.Pic1.drop();
 }
 
 void VideoPlayback::ramp(RampStep (*stepOf)(int, int), int musicVolume, int pauseMs) {
@@ -174,29 +163,49 @@ void VideoPlayback::halt() {
     parts_.control.send("stop VIDEO");
 }
 
+double VideoPlayback::leftMs() const {
+    return std::max(0.0, armedMs_ - (parts_.loop.now() - armedAt_));
+}
+
 void VideoPlayback::pause() {
     parts_.timers.Timer1.setEnabled(false);
     parts_.timers.Timer4.setEnabled(false);
     parts_.control.send("stop VIDEO");
-    paused_ = true;
-    leftMs_ = std::max(0.0, armedMs_ - (parts_.loop.now() - armedAt_));
+    if (phase_ == Phase::Playing) {
+        haltedLeftMs_ = leftMs();
+        phase_ = Phase::Halted;
+    }
 }
 
 void VideoPlayback::resume() {
+    if (phase_ == Phase::Playing) {
+        stepAtItsEnd();
+        return;
+    }
     parts_.control.send("setaudio VIDEO volume to 0");
-    if (paused_) {
-        armedMs_ = static_cast<int>(std::ceil(leftMs_ / kMsPerSecond)) * kMsPerSecond;
+    if (phase_ == Phase::Halted) {
+        armedMs_ = static_cast<int>(std::ceil(haltedLeftMs_ / kMsPerSecond)) * kMsPerSecond;
         armedAt_ = parts_.loop.now();
         parts_.timers.Timer1.setInterval(armedMs_);
+        phase_ = Phase::Playing;
     } else {
         ArmVideoLength();
     }
-    paused_ = false;
     parts_.control.send("play VIDEO");
     parts_.timers.Timer1.restart();
     armFade(armedMs_);
     if (parts_.choices.MUTE.value() == 1) {
         ramp(rampToVideoStep, kNoMusic, kRampToVideoPauseMs);
+    }
+}
+
+// A video that was reached by hand has been playing all the time, with its sound.
+void VideoPlayback::stepAtItsEnd() {
+    const int left = static_cast<int>(std::ceil(leftMs()));
+    parts_.timers.Timer1.setInterval(left);
+    parts_.timers.Timer1.restart();
+    if (fadeDue_) {
+        armFade(left);
     }
 }
 

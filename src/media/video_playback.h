@@ -57,24 +57,35 @@ class VideoPlayback {
     void halt();
     /// Halts an open video and remembers how much of it is left.
     void pause();
-    /// Plays on: the first video of a show, whose length is not known yet, or one that was paused.
+    /// Lets the show step on by itself when the video ends. Plays the first video of a show, whose length is
+    /// not known yet, and one that was halted; one that plays already is left alone, and its sound too.
     void resume();
-    bool paused() const { return paused_; }
+    /// Fits the video's window to Pic2, when that has another size.
+    void fillBox();
     /// Whether a video is open that sounds.
     bool sounds() const { return videoShowing != 0 && parts_.choices.MUTE.value() == 1; }
 
   private:
+    enum class Phase {
+        Idle,     ///< closed, or opened and not armed yet
+        Playing,  ///< armed with its length
+        Halted,   ///< armed, and standing still
+    };
+
+    double leftMs() const;
+    void stepAtItsEnd();
     void fadeTimer();
     void fadeToMusicOnce();
     void ramp(RampStep (*stepOf)(int step, int musicVolume), int musicVolume, int pauseMs);
 
     Parts parts_;
-    bool paused_ = false;
+    Phase phase_ = Phase::Idle;
+    std::wstring path_;
     /// The fade back to the music has not run yet for the video shown.
     bool fadeDue_ = false;
     double armedAt_ = 0;
     int armedMs_ = 0;
-    double leftMs_ = 0;
+    double haltedLeftMs_ = 0;
 };
 
 }  // namespace media

@@ -91,6 +91,12 @@ void Surface::put(const Pixels& pixels, int left, int top) {
     }
 }
 
+void Surface::stretchTo(HDC dc, const SIZE& size) const {
+    SetStretchBltMode(dc, HALFTONE);
+    SetBrushOrgEx(dc, 0, 0, nullptr);
+    StretchBlt(dc, 0, 0, size.cx, size.cy, dc_.get(), 0, 0, width_, height_, SRCCOPY);
+}
+
 Pixels Surface::pixels() const {
     Pixels copy(width_, height_);
     if (!empty()) {

@@ -32,6 +32,9 @@ class Surface {
     void fill(COLORREF colour);
     /// Copies pixels to (left, top); what lies outside the surface is dropped.
     void put(const Pixels& pixels, int left = 0, int top = 0);
+    /// Paints the whole image into (0, 0) ... `size` of a device context, smoothly.
+    void stretchTo(HDC dc, const SIZE& size) const;
+    SIZE size() const { return {width_, height_}; }
     /// A copy of the whole image.
     Pixels pixels() const;
     /// Copies another surface's image of the same size; another size makes this one that size first.

@@ -12,4 +12,11 @@ namespace platform {
 /// quotes.
 std::string shortPath(const std::wstring& path);
 
+/// The long form of a path that may be a short one; the path itself when there is no such file or folder.
+std::wstring longPath(const std::wstring& path);
+
+/// A path as it can be kept in a file of the system's code page: itself, or its short form where the code
+/// page cannot hold it and there is one.
+std::wstring storablePath(const std::wstring& path);
+
 }  // namespace platform

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -8,7 +7,8 @@ namespace script {
 
 /// The key of an item in the show script: the text between the last "\" of its path and the first "." of
 /// the whole path (so "a.b.jpg" has the key "a"), or the end where there is no ".".
-/// std::nullopt when that "." lies before the last "\", as with a dot in a folder's name: no key exists.
-std::optional<std::wstring> PictureKey(std::wstring_view path);
+/// Where that "." belongs to a folder's name, the first one behind the last "\" ends the key: otherwise
+/// nothing in a folder like "C:\Users\max.muster" would ever have a title.
+std::wstring PictureKey(std::wstring_view path);
 
 }  // namespace script

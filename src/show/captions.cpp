@@ -1,5 +1,7 @@
 #include "show/captions.h"
 
+#include <utility>
+
 #include "platform/handles.h"
 #include "script/picture_key.h"
 #include "show/caption_rule.h"
@@ -35,11 +37,25 @@ float Captions::screenHeight() const {
 }
 
 void Captions::showTitle(const std::wstring& title) {
-    parts_.UT.setTop(titleTop(screenHeight(), parts_.UT.height()));
-    parts_.UT.setText(fitted(title));
+    title_ = title;
+    placeTitle();
     parts_.UT.toFront();
     parts_.UT.show();
     parts_.Timer3.restart();
+}
+
+void Captions::placeTitle() {
+    parts_.UT.setTop(titleTop(screenHeight(), parts_.UT.height()));
+    parts_.UT.setText(fitted(title_));
+}
+
+void Captions::surfaceChanged() {
+    if (parts_.UT.visible()) {
+        placeTitle();
+    }
+    if (std::exchange(stamped_, false)) {
+        printDate();
+    }
 }
 
 // A title wider than the screen ends in an ellipsis.
@@ -65,12 +81,17 @@ std::wstring Captions::fitted(const std::wstring& title) const {
 
 void Captions::stampDate(const std::wstring& date) {
     parts_.Timer3.restart();
+    date_ = date;
+    printDate();
+}
+
+void Captions::printDate() {
     if (!stamped_) {
         parts_.Pic3.image().copyFrom(parts_.Pic2.image());
         stamped_ = true;
     }
     const int dpi = parts_.Pic2.dpi();
-    const float textWidth = ui::toTwips(ui::measureText(date, ui::font(stampFont(true), dpi)).cx, dpi);
+    const float textWidth = ui::toTwips(ui::measureText(date_, ui::font(stampFont(true), dpi)).cx, dpi);
     const auto prints = dateStamp(screenWidth(), textWidth);
     parts_.Pic2.draw([&](HDC dc) {
         const platform::Selection font(dc, ui::font(stampFont(false), dpi));
@@ -78,7 +99,7 @@ void Captions::stampDate(const std::wstring& date) {
         for (const DatePrint& print : prints) {
             SetTextColor(dc, print.bright ? kBright : kShadow);
             TextOutW(dc, ui::toPixels(print.place.left, dpi), ui::toPixels(print.place.top, dpi),
-                     date.c_str(), static_cast<int>(date.size()));
+                     date_.c_str(), static_cast<int>(date_.size()));
         }
     });
 }
@@ -116,8 +137,7 @@ void Captions::end() {
 }
 
 void Captions::updateInformation(int effectIndex) {
-    const auto key = script::PictureKey(parts_.state.currentPicture);
-    const std::wstring text = informationText(key.value_or(L""), effectIndex);
+    const std::wstring text = informationText(script::PictureKey(parts_.state.currentPicture), effectIndex);
     const int dpi = parts_.Text1.dpi();
     const SIZE size = ui::measureText(text, ui::font(parts_.Text1.fontSpec(), dpi));
     const float width = informationWidth(ui::toTwips(size.cx, dpi));

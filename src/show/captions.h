@@ -32,12 +32,18 @@ class Captions {
     /// Takes standing captions away at once, before a step loads the next picture.
     void end();
 
+    /// Places the captions anew on a surface that has another size or scaling, and prints a standing date
+    /// onto the image that Pic2 holds now.
+    void surfaceChanged();
+
     /// Brings the information line up to date, whether it is visible or not.
     void updateInformation(int effectIndex);
     void toggleInformation(int effectIndex);
 
   private:
     std::wstring fitted(const std::wstring& title) const;
+    void placeTitle();
+    void printDate();
     void remove();
     void restoreScreen();
     float screenWidth() const;
@@ -45,6 +51,8 @@ class Captions {
 
     Parts parts_;
     bool stamped_ = false;
+    std::wstring title_;
+    std::wstring date_;
     /// Counts the ends of captions, so that a title sliding out notices that it was ended meanwhile.
     int ended_ = 0;
 };

@@ -1,6 +1,5 @@
 #include "show/script_player.h"
 
-#include <stdexcept>
 #include <utility>
 
 #include "platform/file_time.h"
@@ -12,12 +11,8 @@ namespace show {
 ScriptPlayer::ScriptPlayer(Parts parts) : parts_(std::move(parts)) {}
 
 script::Entry ScriptPlayer::lookUp() const {
-    const auto key = script::PictureKey(parts_.state.currentPicture);
-    if (!key) {
-        throw std::invalid_argument("no picture key: the first dot lies in a folder's name");
-    }
     const auto text = script::readScriptFile(parts_.choices.Dir1.path());
-    return text ? script::readEntry(*text, *key) : script::Entry{};
+    return text ? script::readEntry(*text, script::PictureKey(parts_.state.currentPicture)) : script::Entry{};
 }
 
 void ScriptPlayer::ApplyScriptEntry(int mode) {

@@ -14,7 +14,7 @@ namespace show {
 class ScriptPlayer {
   public:
     /// The mode of ApplyScriptEntry.
-    enum Mode : int { kFull = 1, kMusicOnly = 2 };
+    enum Mode : int { kWithoutDate = 0, kFull = 1, kMusicOnly = 2 };
 
     struct Parts {
         const ShowState& state;
@@ -28,8 +28,7 @@ class ScriptPlayer {
     explicit ScriptPlayer(Parts parts);
 
     /// Mode 2 takes the music request only, before a picture is drawn; mode 1 applies title, pause, effect
-    /// and date, when it is on the screen. Any other mode is like 1 without the date stamp. Throws
-    /// std::invalid_argument when the current picture's path gives no key, as with a dot in a folder's name.
+    /// and date, when it is on the screen. Any other mode is like 1 without the date stamp.
     void ApplyScriptEntry(int mode);
 
   private:

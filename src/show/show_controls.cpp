@@ -24,11 +24,12 @@ bool ShowControls::keyDown(int key) {
     if (parts_.state.showMode == kNoShow) {
         return false;
     }
-    if (key == VK_RETURN) {
+    if (key == VK_RETURN || isBystanderKey(key)) {
         return true;
     }
+    const bool endsVideo = parts_.state.showMode == kAutomatically && parts_.engines.video.videoShowing == 1;
     arrow(key);
-    if (parts_.state.showMode == kAutomatically && parts_.engines.video.videoShowing == 1) {
+    if (endsVideo) {
         parts_.show.endVideo();
         if (key != VK_DOWN) {
             parts_.show.quickStep();
@@ -44,8 +45,7 @@ void ShowControls::arrow(int key) {
             break;
         case VK_UP:
             if (!parts_.show.atEnd()) {
-                parts_.state.pausedFlag = 0;
-                parts_.show.quickStep();
+                goOnByItself();
             }
             break;
         case VK_LEFT:
@@ -76,6 +76,7 @@ bool ShowControls::keyPress(wchar_t character) {
         return true;
     }
     if (character == L' ' && parts_.state.showMode == kByHand) {
+        parts_.state.pausedFlag = 0;
         parts_.screen.pointer().hide();
         parts_.show.continueAutomatically();
     } else if (character == L'?') {
@@ -123,7 +124,7 @@ void ShowControls::pauseKey(int seconds) {
 }
 
 void ShowControls::mousePressed(ui::MouseButton button) {
-    if (parts_.state.showMode == kNoShow) {
+    if (parts_.state.showMode == kNoShow || parts_.show.justStarted()) {
         return;
     }
     parts_.loop.doEvents();
@@ -139,6 +140,11 @@ void ShowControls::rightButton() {
     if (parts_.show.atEnd()) {
         return;
     }
+    goOnByItself();
+}
+
+// The next item comes now and the others follow, whatever the show was held by.
+void ShowControls::goOnByItself() {
     parts_.state.showMode = kAutomatically;
     parts_.state.pausedFlag = 0;
     parts_.screen.pointer().hide();

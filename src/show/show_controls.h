@@ -32,7 +32,8 @@ class ShowControls {
     bool keyDown(int key);
     /// A character was typed; true when it was meant for the show.
     bool keyPress(wchar_t character);
-    /// A mouse button was pressed on the show surface.
+    /// A mouse button was pressed on the show surface. The second press of the double click that started the
+    /// show does nothing.
     void mousePressed(ui::MouseButton button);
 
     /// The show has passed its last item and its user wants the program anew, with the settings of now.
@@ -40,6 +41,7 @@ class ShowControls {
 
   private:
     void arrow(int key);
+    void goOnByItself();
     void volumeKey(wchar_t character);
     bool effectKey(wchar_t character);
     void pauseKey(int seconds);

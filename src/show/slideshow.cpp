@@ -1,7 +1,6 @@
 #include "show/slideshow.h"
 
 #include <algorithm>
-#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -9,6 +8,7 @@
 #include "media/fade_rule.h"
 #include "show/caption_rule.h"
 #include "show/pause_time.h"
+#include "show/raised_flag.h"
 #include "show/step_rule.h"
 #include "ui/button.h"
 
@@ -38,6 +38,11 @@ bool Slideshow::atEnd() const {
 }
 
 void Slideshow::start() {
+    // The second press of a double click may come while the first one is at work.
+    if (starting_) {
+        return;
+    }
+    const RaisedFlag starting(starting_);
     if (parts_.choices.Screen2.value() == 1) {
         parts_.screen.moveToSecondScreen();
     }
@@ -57,17 +62,72 @@ void Slideshow::start() {
     }
     parts_.screen.takeOver();
     parts_.loop.doEvents();
+    SetCursorPos(0, 0);
+    takeSurface();
+    awake_ = std::make_unique<platform::DisplayAwake>();
+    showFirst();
+    startedAt_ = parts_.loop.now();
+}
+
+bool Slideshow::justStarted() const {
+    return starting_ || parts_.loop.now() - startedAt_ < GetDoubleClickTime();
+}
+
+// Everything that lies on the surface gets its size and place.
+void Slideshow::takeSurface() {
     const SIZE size = parts_.screen.size();
     parts_.state.screenWidth = size.cx;
     parts_.state.screenHeight = size.cy;
-    SetCursorPos(0, 0);
     parts_.stage.Pic1.movePixels(0, 0, size.cx, size.cy);
     parts_.screen.arrange();
     parts_.stage.Pic2.movePixels(0, 0, size.cx, size.cy);
     parts_.stage.Pic3.movePixels(0, 0, size.cx, size.cy);
     parts_.pictures.setSurface(size.cx, size.cy, parts_.screen.shape());
-    awake_ = std::make_unique<platform::DisplayAwake>();
-    showFirst();
+}
+
+void Slideshow::screensChanged() {
+    if (parts_.state.showMode == kNoShow || starting_) {
+        return;
+    }
+    parts_.screen.takeOver();
+    if (parts_.engines.runner.running()) {
+        surfaceChanged_ = true;
+        parts_.engines.runner.complete();
+    } else {
+        fitSurface();
+    }
+}
+
+void Slideshow::fitSurface() {
+    surfaceChanged_ = false;
+    takeSurface();
+    fitItem();
+    parts_.engines.captions.surfaceChanged();
+    parts_.engines.captions.updateInformation(parts_.engines.runner.currentEffect);
+    if (parts_.stage.EOT.visible()) {
+        roundEndButton();
+    }
+    prepareNeighbours();
+}
+
+void Slideshow::fitItem() {
+    ui::PictureBox& surface = parts_.stage.Pic2;
+    if (!files::isVideoName(parts_.state.currentPicture)) {
+        if (auto picture = parts_.pictures.take(parts_.state.currentPicture)) {
+            surface.setImage(std::move(picture->surface));
+            return;
+        }
+    }
+    // What stands there has no file of its own: a video's last frame, black, a picture that has gone.
+    const SIZE size = parts_.screen.size();
+    picture::Surface fitted(size.cx, size.cy);
+    if (!surface.image().empty()) {
+        surface.image().stretchTo(fitted.dc(), size);
+    }
+    surface.setImage(std::move(fitted));
+    if (parts_.engines.video.videoShowing != 0) {
+        parts_.engines.video.fillBox();
+    }
 }
 
 void Slideshow::showFirst() {
@@ -98,7 +158,9 @@ void Slideshow::showFirst() {
     UpdateWindow(parts_.stage.Pic2.hwnd());
     parts_.screen.pointer().hide();
     if (loaded) {
-        applyScript(ScriptPlayer::kFull);
+        // A date under a film would stay unseen, and stand beside its last frame.
+        parts_.engines.script.ApplyScriptEntry(
+            parts_.engines.video.videoShowing != 0 ? ScriptPlayer::kWithoutDate : ScriptPlayer::kFull);
     }
     parts_.engines.captions.updateInformation(parts_.engines.runner.currentEffect);
     parts_.stage.Pic2.setFocus();
@@ -129,9 +191,17 @@ void Slideshow::continueAutomatically() {
     parts_.state.showMode = kAutomatically;
 }
 
+// An item that was asked for and does not come: the one that stands is the one shown again.
+void Slideshow::cancelQuickStep() {
+    const bool pending = std::exchange(parts_.state.quickStepPending, false);
+    if (pending && backFrom_) {
+        parts_.state.pictureIndex = *std::exchange(backFrom_, std::nullopt);
+    }
+}
+
 void Slideshow::pauseByHand() {
     parts_.state.showMode = kByHand;
-    parts_.state.quickStepPending = false;
+    cancelQuickStep();
     parts_.timers.Timer1.setEnabled(false);
     if (parts_.engines.video.videoShowing != 0) {
         parts_.engines.video.pause();
@@ -140,7 +210,7 @@ void Slideshow::pauseByHand() {
 
 void Slideshow::hold() {
     parts_.timers.Timer1.setEnabled(false);
-    parts_.state.quickStepPending = false;
+    cancelQuickStep();
     parts_.state.pausedFlag = 1;
 }
 
@@ -157,16 +227,42 @@ void Slideshow::quickStep() {
 }
 
 bool Slideshow::stepBack() {
-    const auto index = backIndex(parts_.state.pictureIndex);
+    const int standing = parts_.state.pictureIndex;
+    const auto index = backFrom_ ? furtherBackIndex(standing) : backIndex(standing);
     if (!index) {
         return false;
     }
+    // After the end of the list it is the last item that stands.
+    backFrom_ = backFrom_.value_or(std::min(standing, parts_.choices.File1.count() - 1));
     parts_.state.pictureIndex = *index;
-    backwards_ = true;
     if (std::exchange(ended_, false)) {
         leaveEnd();
     }
     return true;
+}
+
+void Slideshow::keepItemAcross(const std::function<void()>& refresh) {
+    const bool ended = atEnd();
+    const int before = parts_.state.pictureIndex;
+    const int standing = backFrom_.value_or(before);
+    std::wstring name;
+    if (parts_.state.showMode != kNoShow && !ended && standing >= 0 &&
+        standing < parts_.choices.File1.count()) {
+        name = parts_.choices.File1.entries()[static_cast<std::size_t>(standing)];
+    }
+    refresh();
+    const int count = parts_.choices.File1.count();
+    if (ended) {
+        parts_.state.pictureIndex = count;
+    } else if (!name.empty()) {
+        const int index = parts_.choices.File1.indexOf(name);
+        // The next file took the place of one that is gone, and a step adds 1.
+        const int now = index >= 0 ? index : std::min(standing, count) - 1;
+        parts_.state.pictureIndex = std::clamp(now + before - standing, -1, count);
+        if (backFrom_) {
+            backFrom_ = now;
+        }
+    }
 }
 
 void Slideshow::endVideo() {
@@ -220,28 +316,31 @@ void Slideshow::tick() {
 }
 
 void Slideshow::showPicture() {
-    applyScript(ScriptPlayer::kMusicOnly);
+    parts_.engines.script.ApplyScriptEntry(ScriptPlayer::kMusicOnly);
     auto picture = parts_.pictures.take(parts_.state.currentPicture);
     if (!picture) {
         passOver();
         return;
     }
-    backwards_ = false;
+    backFrom_.reset();
     parts_.engines.captions.end();
     parts_.stage.Pic1.movePixels(0, 0, picture->nativeWidth, picture->nativeHeight);
     parts_.stage.Pic3.setImage(std::move(picture->surface));
     prepareNeighbours();
     parts_.engines.runner.run(
         [this] { parts_.engines.captions.updateInformation(parts_.engines.runner.currentEffect); });
+    if (surfaceChanged_) {
+        fitSurface();
+    }
     // The pause counts from here, so that a picture stands still for all of it.
     if (parts_.timers.Timer1.enabled() && !parts_.state.quickStepPending) {
         parts_.timers.Timer1.restart();
     }
-    applyScript(ScriptPlayer::kFull);
+    parts_.engines.script.ApplyScriptEntry(ScriptPlayer::kFull);
 }
 
 void Slideshow::showVideo() {
-    backwards_ = false;
+    backFrom_.reset();
     parts_.engines.captions.end();
     parts_.engines.captions.updateInformation(parts_.engines.runner.currentEffect);
     parts_.engines.video.videoShowing = 1;
@@ -265,16 +364,18 @@ void Slideshow::showVideo() {
 // The picture on the screen stays, and the step is made again at once, in the direction it had.
 void Slideshow::passOver() {
     const auto back = backIndex(parts_.state.pictureIndex);
-    if (backwards_ && back) {
+    if (backFrom_ && back) {
         parts_.state.pictureIndex = *back;
     } else {
-        backwards_ = false;
+        backFrom_.reset();
     }
     quickStep();
 }
 
 void Slideshow::endOfList() {
     ended_ = true;
+    backFrom_.reset();
+    awake_.reset();
     parts_.timers.Timer1.setEnabled(false);
     parts_.timers.Timer5.setEnabled(false);
     parts_.stage.Text1.hide();
@@ -320,6 +421,7 @@ void Slideshow::roundEndButton() {
 }
 
 void Slideshow::leaveEnd() {
+    awake_ = std::make_unique<platform::DisplayAwake>();
     parts_.stage.EOT.hide();
     if (hidePointerAgain_) {
         parts_.screen.pointer().hide();
@@ -327,14 +429,6 @@ void Slideshow::leaveEnd() {
     if (parts_.engines.player.playing()) {
         parts_.engines.player.sendVolume(parts_.engines.music.musicVolume);
         parts_.timers.Timer5.setEnabled(true);
-    }
-}
-
-void Slideshow::applyScript(int mode) {
-    try {
-        parts_.engines.script.ApplyScriptEntry(mode);
-    } catch (const std::invalid_argument&) {
-        // A picture without a key has no entry; it is shown all the same.
     }
 }
 

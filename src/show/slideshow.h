@@ -47,6 +47,15 @@ class Slideshow {
     bool stepBack();
     /// Whether the end of the list was reached and the last item stands under the end button.
     bool atEnd() const;
+    /// Whether the show has started within the time of a double click, or is starting.
+    bool justStarted() const;
+    /// The screens have other sizes, places or scalings: the surface follows to what is there and the item
+    /// shown is fitted anew, after a transition that runs.
+    void screensChanged();
+    /// Whether the display has to stay awake: from the start to the end of the list.
+    bool keepsAwake() const { return awake_ != nullptr; }
+    /// Runs `refresh`, which reads File1 anew; the item shown keeps its place by name.
+    void keepItemAcross(const std::function<void()>& refresh);
     /// Stops a video that a key ends: black surface, effect "A" next.
     void endVideo();
     /// The show is wound down: no more steps.
@@ -59,6 +68,10 @@ class Slideshow {
 
   private:
     void tick();
+    void takeSurface();
+    void fitSurface();
+    void fitItem();
+    void cancelQuickStep();
     void showFirst();
     void showVideo();
     void showPicture();
@@ -67,15 +80,19 @@ class Slideshow {
     void roundEndButton();
     void leaveEnd();
     void fadeMusicOut();
-    void applyScript(int mode);
     void prepareNeighbours();
     std::wstring pathOf(int index) const;
 
     Parts parts_;
     std::unique_ptr<platform::DisplayAwake> awake_;
     bool ended_ = false;
-    /// Whether the last step was one back, so that a damaged picture is passed over in that direction.
-    bool backwards_ = false;
+    /// The item that stood when steps back were asked for that have not come yet; a damaged picture is then
+    /// passed over in that direction.
+    std::optional<int> backFrom_;
+    bool starting_ = false;
+    double startedAt_ = 0;
+    /// The surface has another size, and a transition runs on the former one.
+    bool surfaceChanged_ = false;
     /// Whether the end button showed the pointer, which going back into the show hides.
     bool hidePointerAgain_ = false;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace show {
 
@@ -28,6 +29,10 @@ std::optional<int> backIndex(int pictureIndex) {
     return pictureIndex >= 1 ? std::optional(pictureIndex - 2) : std::nullopt;
 }
 
+std::optional<int> furtherBackIndex(int pictureIndex) {
+    return pictureIndex >= 0 ? std::optional(pictureIndex - 1) : std::nullopt;
+}
+
 bool isPastEnd(int pictureIndex, int count) {
     return pictureIndex >= count;
 }
@@ -41,6 +46,26 @@ std::optional<int> effectOfKey(wchar_t character) {
         return 0;
     }
     return character >= L'a' && character <= L'z' ? std::optional(character - L'a' + 1) : std::nullopt;
+}
+
+bool isBystanderKey(int virtualKey) {
+    struct Range {
+        int first;
+        int last;
+    };
+    // Codes of the Windows keyboard.
+    constexpr Range kRanges[] = {
+        {0x10, 0x12},  // Shift, Ctrl, Alt
+        {0x14, 0x14},  // caps lock
+        {0x5B, 0x5C},  // Windows, left and right
+        {0x5F, 0x5F},  // sleep
+        {0x90, 0x91},  // num lock, scroll lock
+        {0xA0, 0xA5},  // Shift, Ctrl, Alt, left and right
+        {0xA6, 0xB7},  // browser, volume, media, mail, programs
+    };
+    return std::any_of(std::begin(kRanges), std::end(kRanges), [&](const Range& range) {
+        return virtualKey >= range.first && virtualKey <= range.last;
+    });
 }
 
 std::optional<int> secondsOfKey(wchar_t character) {

@@ -23,6 +23,9 @@ Step nextStep(int pictureIndex, int count, bool loop);
 /// result would lie below -1.
 std::optional<int> backIndex(int pictureIndex);
 
+/// The same while a step back, to `pictureIndex` + 1, is on its way already: one more.
+std::optional<int> furtherBackIndex(int pictureIndex);
+
 /// Whether the end of the list was reached, so that no further step is made.
 bool isPastEnd(int pictureIndex, int count);
 
@@ -35,6 +38,10 @@ inline constexpr int kQuickStepMs = 100;
 /// The effect number that a typed character asks for: "a" ... "z" give 1 ... 26, "#" gives 0. Upper-case
 /// letters ask for none.
 std::optional<int> effectOfKey(wchar_t character);
+
+/// Whether a key, by its virtual code, only goes with others or belongs to the computer: Shift, Ctrl, Alt,
+/// Windows and lock keys, those for volume, media, browser and programs, sleep. Such a key steers nothing.
+bool isBystanderKey(int virtualKey);
 
 /// The pause in seconds, 1 ... 9, that a typed digit asks for.
 std::optional<int> secondsOfKey(wchar_t character);

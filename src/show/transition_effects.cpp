@@ -59,6 +59,7 @@ EffectPlan effectPlan(int index, int width, int height) {
     plan.interval = index == kZ ? effects::kImmediately : kStepInterval;
     plan.paced = plan.stepCount > 1;
     plan.leavesGaps = index == kY || index == kZ;
+    plan.coversFormer = index >= 12 && index <= 14;
     plan.halved = effects::halvesPicture(index, {width, height});
     return plan;
 }

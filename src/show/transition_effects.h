@@ -34,6 +34,8 @@ struct EffectPlan {
     /// All its steps but the last copy from a copy of the new picture at half its width and height (rounded
     /// down): stretched from the whole one, a step on so large a surface would take longer than its interval.
     bool halved = false;
+    /// Each step's copies cover those of all steps before it.
+    bool coversFormer = false;
     friend bool operator==(const EffectPlan&, const EffectPlan&) = default;
 };
 

@@ -1,6 +1,9 @@
 #include "show/transition_runner.h"
 
+#include <algorithm>
 #include <utility>
+
+#include "show/raised_flag.h"
 
 namespace show {
 
@@ -8,16 +11,18 @@ namespace {
 
 constexpr int kFirstCopyEffect = 12;
 
-/// True while the object lives, whatever ends it.
-class Flag {
+/// While the object lives a box asks for its image before it is painted from it.
+class ImageHook {
   public:
-    explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Flag() { flag_ = false; }
-    Flag(const Flag&) = delete;
-    Flag& operator=(const Flag&) = delete;
+    ImageHook(ui::PictureBox& box, std::function<void()> catchUp) : box_(box) {
+        box_.onImageWanted = std::move(catchUp);
+    }
+    ~ImageHook() { box_.onImageWanted = nullptr; }
+    ImageHook(const ImageHook&) = delete;
+    ImageHook& operator=(const ImageHook&) = delete;
 
   private:
-    bool& flag_;
+    ui::PictureBox& box_;
 };
 
 }  // namespace
@@ -28,7 +33,7 @@ TransitionRunner::TransitionRunner(const Parts& parts) : parts_(parts) {
 }
 
 void TransitionRunner::run(const std::function<void()>& chosen) {
-    const Flag running(running_);
+    const RaisedFlag running(running_);
     completing_ = false;
     exchanged_ = false;
     currentEffect = chooseEffect(effectNumber, parts_.Check1.value() != 0, currentEffect);
@@ -96,34 +101,50 @@ void TransitionRunner::place(const OverlayStep& step) {
 }
 
 void TransitionRunner::runCopies(const EffectPlan& plan, int width, int height) {
-    picture::Surface half;
     if (plan.halved) {
-        half = picture::Surface(width / 2, height / 2);
-        SetStretchBltMode(half.dc(), COLORONCOLOR);
-        StretchBlt(half.dc(), 0, 0, half.width(), half.height(), parts_.Pic3.image().dc(), 0, 0, width,
+        half_ = picture::Surface(width / 2, height / 2);
+        SetStretchBltMode(half_.dc(), COLORONCOLOR);
+        StretchBlt(half_.dc(), 0, 0, half_.width(), half_.height(), parts_.Pic3.image().dc(), 0, 0, width,
                    height, SRCCOPY);
     }
+    shownSteps_ = 0;
+    keptSteps_ = 0;
+    const ImageHook hook(parts_.Pic2, [this, &plan] { catchUp(plan); });
     for (int i = 0; i < plan.stepCount && waitForStep(plan); ++i) {
-        copyStep(currentEffect, i, width, height, copies_);
-        const bool halved = plan.halved && i + 1 < plan.stepCount;
-        const HDC source = halved ? half.dc() : parts_.Pic3.image().dc();
-        parts_.Pic2.draw([this, source](HDC dc) {
-            SetStretchBltMode(dc, COLORONCOLOR);
-            for (const CopyRect& copy : copies_) {
-                const PixelRect& from = copy.source;
-                const PixelRect& to = copy.target;
-                if (from.width == to.width && from.height == to.height) {
-                    BitBlt(dc, to.left, to.top, to.width, to.height, source, from.left, from.top, SRCCOPY);
-                } else {
-                    StretchBlt(dc, to.left, to.top, to.width, to.height, source, from.left, from.top,
-                               from.width, from.height, SRCCOPY);
-                }
-            }
-        });
+        parts_.Pic2.draw([&](HDC dc) { drawCopies(plan, i, dc); });
+        shownSteps_ = i + 1;
         if (plan.paced) {
             parts_.Timer2.restart();
         }
     }
+}
+
+void TransitionRunner::drawCopies(const EffectPlan& plan, int step, HDC target) {
+    const picture::Surface& surface = parts_.Pic2.image();
+    copyStep(currentEffect, step, surface.width(), surface.height(), copies_);
+    const bool halved = plan.halved && step + 1 < plan.stepCount;
+    const HDC source = halved ? half_.dc() : parts_.Pic3.image().dc();
+    SetStretchBltMode(target, COLORONCOLOR);
+    for (const CopyRect& copy : copies_) {
+        const PixelRect& from = copy.source;
+        const PixelRect& to = copy.target;
+        if (from.width == to.width && from.height == to.height) {
+            BitBlt(target, to.left, to.top, to.width, to.height, source, from.left, from.top, SRCCOPY);
+        } else {
+            StretchBlt(target, to.left, to.top, to.width, to.height, source, from.left, from.top, from.width,
+                       from.height, SRCCOPY);
+        }
+    }
+}
+
+// Drawing every step twice would cost as much as the step itself; so the image follows only when it is
+// painted.
+void TransitionRunner::catchUp(const EffectPlan& plan) {
+    const int first = plan.coversFormer ? std::max(keptSteps_, shownSteps_ - 1) : keptSteps_;
+    for (int step = first; step < shownSteps_; ++step) {
+        drawCopies(plan, step, parts_.Pic2.image().dc());
+    }
+    keptSteps_ = shownSteps_;
 }
 
 // The images change owners instead of being copied; the surface is painted while Pic3 still covers it or
@@ -131,6 +152,7 @@ void TransitionRunner::runCopies(const EffectPlan& plan, int width, int height) 
 void TransitionRunner::finish() {
     parts_.Timer2.setEnabled(false);
     parts_.Timer2.setInterval(kStepInterval);
+    half_ = {};
     if (!exchanged_) {
         std::swap(parts_.Pic2.image(), parts_.Pic3.image());
     }

@@ -40,6 +40,10 @@ class TransitionRunner {
     void runOverlay(const EffectPlan& plan, int width, int height);
     void runCopies(const EffectPlan& plan, int width, int height);
     void place(const OverlayStep& step);
+    /// Draws the copies of `step` onto `target`, which looks like Pic2.
+    void drawCopies(const EffectPlan& plan, int step, HDC target);
+    /// Brings Pic2's image up to what its window shows.
+    void catchUp(const EffectPlan& plan);
     /// Waits for Timer2; false when the transition is to end now.
     bool waitForStep(const EffectPlan& plan);
     void finish();
@@ -50,6 +54,11 @@ class TransitionRunner {
     /// Whether the new picture's image is in Pic2 already, as in the middle of an exchange.
     bool exchanged_ = false;
     std::vector<CopyRect> copies_;
+    /// The new picture at half its size, for effects that copy from it.
+    picture::Surface half_;
+    /// Steps of a copy effect that Pic2's window shows, and those that its image holds as well.
+    int shownSteps_ = 0;
+    int keptSteps_ = 0;
 };
 
 }  // namespace show

@@ -6,8 +6,9 @@
 
 namespace ui {
 
+// Without BS_NOTIFY: with it the second press of two quick ones would be a message of its own and no click.
 CheckBox::CheckBox(const CreateArgs& args) : Control(args) {
-    createSystem(styleFor(args, L"Button", BS_3STATE | BS_NOTIFY));
+    createSystem(styleFor(args, L"Button", BS_3STATE));
     created();
 }
 
@@ -30,6 +31,10 @@ void CheckBox::setValue(int value) {
 void CheckBox::press() {
     setFocus();
     SendMessageW(hwnd(), BM_CLICK, 0, 0);
+}
+
+bool CheckBox::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+    return focusFrame_.onMessage(message, w, l, result);
 }
 
 bool CheckBox::onReflected(UINT message, WPARAM w, LPARAM, LRESULT& result) {

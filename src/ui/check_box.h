@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "ui/control.h"
+#include "ui/focus_frame.h"
 
 namespace ui {
 
@@ -22,7 +23,11 @@ class CheckBox : public Control {
     std::function<void()> onClick;
 
   protected:
+    bool onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
     bool onReflected(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
+
+  private:
+    FocusFrame focusFrame_{*this};
 };
 
 }  // namespace ui

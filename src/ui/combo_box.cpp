@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <stdexcept>
+#include <utility>
 
 #include "ui/painting.h"
 #include "ui/theme.h"
@@ -120,14 +121,39 @@ bool ComboBox::onReflected(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
         onDropDown();
         return true;
     }
-    if (HIWORD(w) == CBN_SELCHANGE) {
-        if (selectedIndex() != lastIndex_) {
-            lastIndex_ = selectedIndex();
-            changed();
-        }
-        return true;
+    switch (HIWORD(w)) {
+        case CBN_SELENDCANCEL:
+            cancelled_ = true;
+            return true;
+        case CBN_SELENDOK:
+            cancelled_ = false;
+            return true;
+        case CBN_CLOSEUP:
+            takeChoice();
+            return true;
+        case CBN_SELCHANGE:
+            if (!droppedDown()) {
+                takeChoice();
+            }
+            return true;
+        default:
+            return false;
     }
-    return false;
+}
+
+// What the arrow keys pass in the open list is no choice before the list closes, and none when Escape closes
+// it.
+void ComboBox::takeChoice() {
+    if (std::exchange(cancelled_, false)) {
+        select(lastIndex_);
+    } else if (selectedIndex() != lastIndex_) {
+        lastIndex_ = selectedIndex();
+        changed();
+    }
+}
+
+bool ComboBox::droppedDown() const {
+    return SendMessageW(hwnd(), CB_GETDROPPEDSTATE, 0, 0) != FALSE;
 }
 
 }  // namespace ui

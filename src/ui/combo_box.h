@@ -22,6 +22,8 @@ class ComboBox : public Control {
     /// std::out_of_range; -1 selects none.
     void setSelectedIndex(int index);
     void applyDpi() override;
+    /// Whether the list is open. Its keys are its own then: Escape closes it and changes nothing.
+    bool droppedDown() const;
 
     std::function<void()> onChange;
 
@@ -34,7 +36,10 @@ class ComboBox : public Control {
     void select(int index);
 
   private:
+    void takeChoice();
+
     int lastIndex_ = -1;
+    bool cancelled_ = false;
 };
 
 }  // namespace ui

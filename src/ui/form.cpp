@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/monitors.h"
+#include "ui/combo_box.h"
 #include "ui/event_loop.h"
 #include "ui/frame.h"
 #include "ui/option_button.h"
@@ -51,6 +52,7 @@ Form::Form(const Args& args) : background_(theme::kGround) {
     const int top = static_cast<int>(work.top + work.bottom - height) / 2;
     SetWindowPos(hwnd(), nullptr, std::max<int>(left, work.left), std::max<int>(top, work.top), width, height,
                  SWP_NOZORDER | SWP_NOACTIVATE);
+    laidOutDpi_ = dpi();
     EventLoop::current().setFilter(filter);
 }
 
@@ -154,9 +156,10 @@ bool Form::onEraseBackground(HDC dc) {
     return true;
 }
 
-void Form::onDpiChanged(int, const RECT& suggested) {
+void Form::onDpiChanged(int dpi, const RECT& suggested) {
     SetWindowPos(hwnd(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                  suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    keepGrip(dpi);
     for (Control* control : controls()) {
         control->applyDpi();
     }
@@ -164,6 +167,26 @@ void Form::onDpiChanged(int, const RECT& suggested) {
     if (onDpi) {
         onDpi();
     }
+}
+
+// A form that is dragged to a monitor of another scaling stays at the pointer by the same part of its ground.
+void Form::keepGrip(int dpi) {
+    const int before = std::exchange(laidOutDpi_, dpi);
+    if (!dragging_ || before == dpi) {
+        return;
+    }
+    grip_ = {MulDiv(grip_.x, dpi, before), MulDiv(grip_.y, dpi, before)};
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    // Being moved may lead back to the former monitor; that change is taken as the system suggests it.
+    dragging_ = false;
+    moveTo(pointer);
+    dragging_ = true;
+}
+
+void Form::moveTo(POINT pointer) {
+    SetWindowPos(hwnd(), nullptr, pointer.x - grip_.x, pointer.y - grip_.y, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // ---- activation and closing
@@ -231,8 +254,7 @@ bool Form::onMouseMove(const MouseEvent& event) {
     if (dragging_ && GetCapture() == hwnd()) {
         POINT pointer{event.x, event.y};
         ClientToScreen(hwnd(), &pointer);
-        SetWindowPos(hwnd(), nullptr, pointer.x - grip_.x, pointer.y - grip_.y, 0, 0,
-                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        moveTo(pointer);
         return true;
     }
     dragging_ = false;
@@ -244,6 +266,17 @@ bool Form::onMouseMove(const MouseEvent& event) {
 
 // ---- keyboard
 
+// Escape in an open list closes the list; the character that it is translated to would reach the form.
+bool Form::closesList(const MSG& message) {
+    const auto* list = dynamic_cast<ComboBox*>(Window::from(message.hwnd));
+    if (message.message != WM_KEYDOWN || message.wParam != VK_ESCAPE || list == nullptr ||
+        !list->droppedDown()) {
+        return false;
+    }
+    DispatchMessageW(&message);
+    return true;
+}
+
 bool Form::filter(MSG& message) {
     const bool key = message.message == WM_KEYDOWN || message.message == WM_SYSCHAR;
     if (!key || message.hwnd == nullptr) {
@@ -254,7 +287,7 @@ bool Form::filter(MSG& message) {
         return false;
     }
     bool used = false;
-    EventLoop::current().guarded([&] { used = form->navigate(message); });
+    EventLoop::current().guarded([&] { used = closesList(message) || form->navigate(message); });
     return used;
 }
 

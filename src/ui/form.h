@@ -87,10 +87,13 @@ class Form : public Window {
 
   private:
     static bool filter(MSG& message);
+    static bool closesList(const MSG& message);
     bool navigate(const MSG& message);
     bool takeTab(bool backwards);
     bool takeAccessKey(wchar_t letter);
     void showFocus();
+    void keepGrip(int dpi);
+    void moveTo(POINT pointer);
     void paintBelowControls();
     void paintTo(HDC dc, const RECT& area);
     RECT toPixelRect(const TwipsRect& place) const;
@@ -101,7 +104,8 @@ class Form : public Window {
     bool navigation_ = true;
     bool dragging_ = false;
     bool fresh_ = false;
-    POINT grip_{};
+    POINT grip_{};  ///< the place of the ground, in pixels, that the pointer holds
+    int laidOutDpi_ = USER_DEFAULT_SCREEN_DPI;
     HWND lastFocus_ = nullptr;
 };
 

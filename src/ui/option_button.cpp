@@ -12,7 +12,7 @@ namespace ui {
 OptionButton::OptionButton(const CreateArgs& args, OptionGroup& group) : Control(args), group_(group) {
     CreateArgs own = args;
     own.startsGroup = group.buttons_.empty();
-    createSystem(styleFor(own, L"Button", BS_RADIOBUTTON | BS_NOTIFY));
+    createSystem(styleFor(own, L"Button", BS_RADIOBUTTON));
     created();
     group_.buttons_.push_back(this);
     group_.updateTabStop();
@@ -59,6 +59,7 @@ bool OptionButton::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) 
         takingFocus_ = true;
         result = DefSubclassProc(hwnd(), message, w, l);
         takingFocus_ = false;
+        repaint();
         return true;
     }
     if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) {
@@ -71,7 +72,17 @@ bool OptionButton::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) 
         }
         return true;
     }
-    return false;
+    if (message == WM_LBUTTONUP) {
+        result = DefSubclassProc(hwnd(), message, w, l);
+        // A press that was not released over the button, or whose handler gave the focus away, makes no
+        // click; the next click is another one then.
+        chosenByMouse_ = false;
+        return true;
+    }
+    if (message == WM_KEYDOWN) {
+        chosenByMouse_ = false;
+    }
+    return focusFrame_.onMessage(message, w, l, result);
 }
 
 bool OptionButton::onReflected(UINT message, WPARAM w, LPARAM, LRESULT& result) {

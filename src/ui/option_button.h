@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "ui/control.h"
+#include "ui/focus_frame.h"
 
 namespace ui {
 
@@ -39,6 +40,7 @@ class OptionButton : public Control {
     OptionGroup& group_;
     bool takingFocus_ = false;
     bool chosenByMouse_ = false;
+    FocusFrame focusFrame_{*this};
 };
 
 /// The option buttons that exclude one another, in the order in which the arrow keys walk through them.

@@ -64,6 +64,9 @@ void PictureBox::setBackground(COLORREF colour) {
 }
 
 void PictureBox::onPaint(HDC dc, const RECT& area) {
+    if (!autoRedraw_ && onImageWanted) {
+        onImageWanted();
+    }
     paintTo(dc, area);
 }
 

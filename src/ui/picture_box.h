@@ -36,6 +36,10 @@ class PictureBox : public Control {
     /// The pointer over this box; null is the arrow.
     void setPointer(HCURSOR pointer) { pointer_ = pointer; }
 
+    /// Asked before the box is painted from its image while automatic redraw is off: whoever draws onto the
+    /// window brings the image up to date, so that a repaint shows what was on the screen.
+    std::function<void()> onImageWanted;
+
     std::function<void(const MouseEvent&)> onPressed;
     std::function<void(const MouseEvent&)> onMoved;
     std::function<void()> onLeft;

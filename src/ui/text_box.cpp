@@ -145,9 +145,10 @@ void TextBox::onFocus(bool gained) {
     }
 }
 
+// The margins above and below the line take clicks as the line does.
 bool TextBox::onHitTest(POINT, LRESULT& where) {
-    where = HTTRANSPARENT;
-    return !mouse_;
+    where = mouse_ ? HTCLIENT : HTTRANSPARENT;
+    return !mouse_ || !multiLine_;
 }
 
 bool TextBox::onChar(wchar_t character) {

@@ -33,7 +33,10 @@ TEST(OptionSet, DefaultsWithoutAFile) {
 TEST(OptionSet, ReadsBackWhatItWrites) {
     const OptionSet set{L"D:", L"D:\\Bilder\\\u00DCbung", L"12", 1, 1, 0, 2, 0};
     Store store;
-    writeOptionSet(set, [&](const OptionKey& key, const std::wstring& value) { store[key.name] = value; });
+    EXPECT_TRUE(writeOptionSet(set, [&](const OptionKey& key, const std::wstring& value) {
+        store[key.name] = value;
+        return true;
+    }));
     EXPECT_EQ(readOptionSet(readerOf(store)), set);
 }
 
@@ -42,10 +45,19 @@ TEST(OptionSet, WritesInTheOrderOfTheFile) {
     writeOptionSet({L"D:", L"D:\\a", L"7", 1, 0, 1, 2, 0},
                    [&](const OptionKey& key, const std::wstring& value) {
                        lines.push_back(std::wstring(key.name) + L"=" + value);
+                       return true;
                    });
     const std::vector<std::wstring> expected{L"Drive=D:", L"Dir=D:\\a", L"Delay=7", L"Loop=1",
                                              L"Date=0",   L"Sound=1",   L"Music=2", L"Effekte=0"};
     EXPECT_EQ(lines, expected);
+}
+
+TEST(OptionSet, TellsThatItCouldNotBeWritten) {
+    for (const wchar_t* refused : {L"Drive", L"Delay", L"Effekte"}) {
+        const bool written = writeOptionSet(
+            {}, [&](const OptionKey& key, const std::wstring&) { return std::wstring(key.name) != refused; });
+        EXPECT_FALSE(written) << refused;
+    }
 }
 
 TEST(OptionSet, CutsLongValues) {
@@ -144,10 +156,11 @@ TEST(OptionSet, ProgramDirectoryEndsInABackslash) {
 
 TEST(OptionSet, ShapeKey) {
     EXPECT_TRUE(usesScreenShape(L"screen"));
-    EXPECT_TRUE(usesScreenShape(L" Screen "));
-    EXPECT_FALSE(usesScreenShape(kShapeKey.fallback));
-    EXPECT_FALSE(usesScreenShape(L""));
-    EXPECT_FALSE(usesScreenShape(L"screens"));
+    EXPECT_TRUE(usesScreenShape(kShapeKey.fallback));
+    EXPECT_TRUE(usesScreenShape(L""));
+    EXPECT_TRUE(usesScreenShape(L"16:9"));
+    EXPECT_FALSE(usesScreenShape(L"4:3"));
+    EXPECT_FALSE(usesScreenShape(L" 4:3 "));
 }
 
 }  // namespace

@@ -195,6 +195,9 @@ TEST(ParameterText, DropsTheProgramsName) {
         {L"\"C:\\Pro gramme\\Panorell.exe\"", L""},
         {L"\"C:\\Pro gramme\\Panorell.exe\" \"C:\\Bilder X\" R=1", L"\"C:\\Bilder X\" R=1"},
         {L"\"Panorell.exe", L""},
+        {L"Panorell.exe \"\"", L""},
+        {L"\"C:\\Pro gramme\\Panorell.exe\"  \"\" ", L""},
+        {L"Panorell.exe \"\" R=1", L"\"\" R=1"},
     };
     for (const auto& [line, expected] : cases) {
         EXPECT_EQ(parametersOfCommandLine(line), expected) << line;

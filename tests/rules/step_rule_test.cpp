@@ -94,5 +94,25 @@ TEST(StepRule, SecondScreen) {
     EXPECT_EQ(secondScreenPointer(1920, 1080), (ScreenPoint{2880, 540}));
 }
 
+TEST(StepRule, FurtherBackIsOneMore) {
+    EXPECT_EQ(furtherBackIndex(3), 2);
+    EXPECT_EQ(furtherBackIndex(0), -1);
+    EXPECT_EQ(furtherBackIndex(-1), std::nullopt) << "the first item is on its way already";
+}
+
+TEST(StepRule, BystandersSteerNothing) {
+    const int bystanders[] = {0x10, 0x11, 0x12, 0x14, 0x5B, 0x5C, 0x5F, 0x90, 0x91, 0xA0,
+                              0xA3, 0xA5, 0xA6, 0xAD, 0xAE, 0xAF, 0xB0, 0xB3, 0xB7};
+    for (const int key : bystanders) {
+        EXPECT_TRUE(isBystanderKey(key)) << key;
+    }
+    // Enter, pause, Escape, blank, arrows, digits, letters, the menu key, the number block, F1, German signs.
+    const int others[] = {0x0D, 0x13, 0x1B, 0x20, 0x25, 0x28, 0x30, 0x41, 0x5A,
+                          0x5D, 0x60, 0x6F, 0x70, 0x92, 0xBA, 0xBF, 0xE2};
+    for (const int key : others) {
+        EXPECT_FALSE(isBystanderKey(key)) << key;
+    }
+}
+
 }  // namespace
 }  // namespace show

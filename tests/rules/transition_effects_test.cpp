@@ -356,14 +356,35 @@ TEST_P(PaintedEffect, IsUnderWayInTheMiddle) {
 INSTANTIATE_TEST_SUITE_P(AtoZ, PaintedEffect, testing::Range(0, kEffectCount),
                          [](const auto& instance) { return letter(instance.param); });
 
-// What "Y" leaves to the last copy is little on the usual screens, and there is none in the middle.
 TEST(TransitionEffects, CirclesCoverNearlyEverything) {
-    const std::map<int, double> covered = {{640, 1.0}, {1920, 0.97}};
-    for (const auto& [width, share] : covered) {
-        const Size size{width, width == 640 ? 480 : 1080};
+    for (const Size size : kSizes) {
         EffectModel model(kY, oldPicture(size), newPicture(size));
         model.runTo(model.plan().stepCount);
-        EXPECT_GE(shareOfNew(model.screen()), share) << width;
+        EXPECT_GE(shareOfNew(model.screen()), 0.998) << size.width << " x " << size.height;
+    }
+}
+
+// The squares have 15 pixels as long as that makes neighbours touch.
+TEST(TransitionEffects, SquaresOfTheCirclesGrowFarOut) {
+    const auto sides = [](int radius) {
+        std::vector<CopyRect> copies;
+        copyStep(kY, radius / 5, 7680, 4320, copies);
+        int most = 0;
+        for (const CopyRect& copy : copies) {
+            most = std::max({most, copy.target.width, copy.target.height});
+        }
+        return most;
+    };
+    EXPECT_EQ(sides(0), 15);
+    EXPECT_EQ(sides(500), 15);
+    EXPECT_EQ(sides(800), 15);
+    EXPECT_EQ(sides(1000), 19);
+    EXPECT_EQ(sides(4000), 71);
+}
+
+TEST(TransitionEffects, OnlyStretchesCoverTheirFormerSteps) {
+    for (int index = 0; index < kEffectCount; ++index) {
+        EXPECT_EQ(effectPlan(index, 640, 480).coversFormer, index >= 12 && index <= 14) << letter(index);
     }
 }
 

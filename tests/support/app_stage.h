@@ -27,12 +27,18 @@ class FakeMonitors : public platform::Monitors {
     }
     RECT areaAt(POINT place) const override { return second && place.x >= first.right ? *second : first; }
     int primaryWidth() const override { return first.right - first.left; }
-    int dpiOf(HWND window) const override { return dpi != 0 ? dpi : Monitors::dpiOf(window); }
+    int dpiOf(HWND window) const override {
+        RECT place{};
+        GetWindowRect(GetAncestor(window, GA_ROOT), &place);
+        const int here = second && place.left >= first.right ? secondDpi : dpi;
+        return here != 0 ? here : Monitors::dpiOf(window);
+    }
 
     RECT first{0, 0, 640, 480};
     std::optional<RECT> second;
-    /// Dots per inch of both monitors; 0: the system's.
+    /// Dots per inch of the monitors; 0: the system's.
     int dpi = 0;
+    int secondDpi = 0;
 };
 
 /// The whole program with real controls, real files in temporary folders and a virtual clock; media commands

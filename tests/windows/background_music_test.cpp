@@ -251,5 +251,65 @@ TEST(MusicInTheShow, TickWaitsForATransition) {
     EXPECT_THAT(stage.control.commands(), Contains("play AUDIO"));
 }
 
+TEST(MusicRequest, ALockedTitleThatHadToWaitIsPlayedAllTheSame) {
+    MusicStage stage({L"01 Eins.mp3", L"99 Zu.mp3", L"Drei.mp3"});
+    stage.MUTE.setValue(1);
+    stage.tick();
+    stage.control.clear();
+    stage.music.musicRequest = L"Zu";
+    stage.player.request();
+    stage.loop.at(1000, [&] { stage.video.videoShowing = 1; });
+    stage.loop.advance(20'000);
+    EXPECT_THAT(stage.control.commands(), Not(Contains("play AUDIO")));
+    stage.video.videoShowing = 0;
+    stage.loop.advance(2000);
+    EXPECT_EQ(stage.opened(), L"99 Zu.mp3");
+    stage.music.musicEndTime = 0;
+    stage.loop.advance(2000);
+    EXPECT_EQ(stage.opened(), L"Drei.mp3") << "after it the rotation goes on";
+}
+
+TEST(MusicRequest, ItsFadeLeavesTheVolumeToAFilmThatBegins) {
+    MusicStage stage;
+    stage.MUTE.setValue(1);
+    stage.tick();
+    stage.control.clear();
+    stage.music.musicRequest = L"Drei";
+    stage.player.request();
+    stage.loop.at(1000, [&] { stage.video.videoShowing = 1; });
+    stage.loop.advance(20'000);
+    const auto commands = stage.control.commands();
+    ASSERT_FALSE(commands.empty());
+    EXPECT_LT(commands.size(), 110U) << "a hundred steps in a second, and none since";
+    EXPECT_THAT(commands.back(), testing::StartsWith("setaudio AUDIO volume to 1"));
+}
+
+TEST(MusicRequest, VolumeKeysDuringItsFadeCountAtOnce) {
+    for (const bool louder : {true, false}) {
+        MusicStage stage;
+        stage.tick();
+        stage.control.clear();
+        stage.music.musicRequest = L"Drei";
+        stage.player.request();
+        std::size_t before = 0;
+        stage.loop.at(502, [&] {
+            before = stage.control.commands().size();
+            louder ? stage.player.louder() : stage.player.quieter();
+        });
+        stage.loop.advance(6000);
+        const auto commands = stage.control.commands();
+        ASSERT_GT(commands.size(), before + 1);
+        const auto volume = [&](std::size_t i) {
+            return std::stoi(commands[i].substr(commands[i].rfind(' ') + 1));
+        };
+        EXPECT_EQ(volume(before), louder ? 220 : 180);
+        EXPECT_EQ(volume(before + 1) - volume(before - 1), louder ? 19 : -21)
+            << "the fade goes on from there";
+        EXPECT_EQ(stage.opened(), L"Drei.mp3");
+        EXPECT_THAT(commands,
+                    Contains(louder ? "setaudio AUDIO volume to 220" : "setaudio AUDIO volume to 180"));
+    }
+}
+
 }  // namespace
 }  // namespace media

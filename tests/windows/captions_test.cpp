@@ -99,6 +99,7 @@ TEST_P(CaptionsOfAHeldShow, GoAllTheSame) {
     ShowStage stage({L"a.jpg", L"b.jpg"});
     stage.writeScript("b Am Strand *P=3 *D\r\n");
     stage.show.start();
+    stage.loop.advance(600);  // the time of a double click
     stage.type(L' ');
     stage.key(VK_RIGHT);
     stage.loop.advance(110);

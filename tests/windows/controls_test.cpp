@@ -371,5 +371,82 @@ TEST(Line, IsAStripOfItsColour) {
     EXPECT_EQ(line.clientSize().cy, toPixels(180, line.dpi()) - toPixels(150, line.dpi()));
 }
 
+TEST(CheckBox, TheSecondOfTwoQuickClicksCounts) {
+    TestForm test;
+    CheckBox box(test.args(1));
+    std::vector<int> values;
+    box.onClick = [&] { values.push_back(box.value()); };
+    test.click(box);
+    SendMessageW(box.hwnd(), WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(4, 4));
+    test.release(box);
+    EXPECT_THAT(values, ElementsAre(1, 0));
+    box.setFocus();
+    test.key(VK_SPACE);
+    EXPECT_THAT(values, ElementsAre(1, 0, 1)) << "and the keyboard goes on from there";
+}
+
+TEST(OptionButton, SpaceChoosesRightAfterThePressOfAMouseButton) {
+    TestForm test;
+    Options options(test);
+    // Released beside the button, as a double click's second press, and with a handler that gives the focus
+    // away.
+    test.press(*options.buttons[1]);
+    SendMessageW(options.buttons[1]->hwnd(), WM_LBUTTONUP, 0, MAKELPARAM(-50, -50));
+    options.events.clear();
+    options.buttons[1]->setFocus();
+    test.key(VK_SPACE);
+    EXPECT_THAT(options.events, ElementsAre("chosen 1", "click 1"));
+    SendMessageW(options.buttons[0]->hwnd(), WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(4, 4));
+    test.release(*options.buttons[0]);
+    options.events.clear();
+    options.buttons[2]->setFocus();
+    test.key(VK_SPACE);
+    EXPECT_THAT(options.events, ElementsAre("chosen 2", "click 2"));
+    options.buttons[1]->onChosen = [&] {
+        options.events.emplace_back("chosen 1");
+        options.buttons[0]->setFocus();
+    };
+    test.press(*options.buttons[1]);
+    options.buttons[1]->setFocus();
+    options.events.clear();
+    test.key(VK_SPACE);
+    EXPECT_EQ(options.events.front(), "chosen 1");
+}
+
+/// Pixels of a control's outermost line that have the accent's colour.
+int accentOnTheEdge(Control& control) {
+    GdiFlush();
+    const SIZE size = control.clientSize();
+    int count = 0;
+    for (int x = 0; x < size.cx; ++x) {
+        count += pixelOf(control, x, 0) == colorref(theme::kAccent) ? 1 : 0;
+        count += pixelOf(control, x, size.cy - 1) == colorref(theme::kAccent) ? 1 : 0;
+    }
+    return count;
+}
+
+// Around no caption the system draws no focus.
+TEST(FocusFrame, ShowsTheFocusOfButtonsWithoutACaption) {
+    TestForm test;
+    CheckBox box(test.args(1, {150, 150, 300, 300}));
+    OptionGroup group;
+    OptionButton option(test.args(2, {600, 150, 300, 300}), group);
+    CreateArgs named = test.args(3, {1200, 150, 1500, 300});
+    named.text = L"Endlos";
+    CheckBox caption(named);
+    for (Control* control : {static_cast<Control*>(&box), static_cast<Control*>(&option)}) {
+        caption.setFocus();
+        test.loop.settle();
+        EXPECT_EQ(accentOnTheEdge(*control), 0);
+        // The focus is shown from the first use of the keyboard on.
+        SendMessageW(test.form.hwnd(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+        control->setFocus();
+        EXPECT_TRUE(test.waitFor([&] { return accentOnTheEdge(*control) > 0; }));
+        caption.setFocus();
+        EXPECT_TRUE(test.waitFor([&] { return accentOnTheEdge(*control) == 0; }));
+    }
+    EXPECT_EQ(accentOnTheEdge(caption), 0) << "a caption has the system's own";
+}
+
 }  // namespace
 }  // namespace ui

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 
+#include "media/film_window.h"
 #include "media/media_command.h"
 #include "media_fixture.h"
 #include "support/film_frame.h"
@@ -193,6 +194,7 @@ TEST_F(DirectShow, ClicksReachTheParent) {
     send("play VIDEO");
     pumpFor(100);
     ASSERT_NE(window_.child(), nullptr);
+    disableChildren(GetParent(window_.child()));
     EXPECT_FALSE(IsWindowEnabled(window_.child()));
     SetCursorPos(FilmWindow::kLeft + 300, FilmWindow::kTop + 200);
     INPUT press[2]{};

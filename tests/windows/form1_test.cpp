@@ -218,5 +218,25 @@ TEST_F(Form1Test, TypingAThirdCharacterEmptiesTheBox) {
     EXPECT_EQ(form.IntS.value(), 49);
 }
 
+// The line of text is not as high as its box; the rest belongs to it.
+TEST(Form1, TheWholeHeightOfThePauseTakesClicks) {
+    AppStage stage;
+    stage.load();
+    Form1& form = stage.form();
+    RECT place{};
+    GetWindowRect(form.IntT.hwnd(), &place);
+    for (int y = place.top + 1; y < place.bottom - 1; ++y) {
+        EXPECT_EQ(
+            SendMessageW(form.IntT.hwnd(), WM_NCHITTEST, 0, MAKELPARAM((place.left + place.right) / 2, y)),
+            HTCLIENT)
+            << y - place.top;
+    }
+    for (const int y : {-6, 30}) {
+        form.Dir1.setFocus();
+        stage.click(form.IntT, 10, y);
+        EXPECT_TRUE(form.IntT.hasFocus()) << y;
+    }
+}
+
 }  // namespace
 }  // namespace app

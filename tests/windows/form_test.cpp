@@ -238,5 +238,52 @@ TEST(Form, OpensInTheMiddleOfThePrimaryMonitorsWorkArea) {
     platform::Monitors::replace(nullptr);
 }
 
+/// One monitor whose scaling can change.
+class ScaledMonitor : public platform::Monitors {
+  public:
+    ScaledMonitor() { replace(this); }
+    ~ScaledMonitor() override { replace(nullptr); }
+    int dpiOf(HWND) const override { return dpi; }
+    int dpi = 96;
+};
+
+TEST(Form, StaysUnderThePointerWhenItIsDraggedToAnotherScaling) {
+    ScaledMonitor monitor;
+    TestForm test;
+    test.form.setMovable(true);
+    SetWindowPos(test.form.hwnd(), nullptr, 300, 200, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    const auto origin = [&] {
+        POINT place{};
+        ClientToScreen(test.form.hwnd(), &place);
+        return place;
+    };
+    const POINT before = origin();
+    SetCursorPos(before.x + 100, before.y + 80);
+    SendMessageW(test.form.hwnd(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(100, 80));
+    monitor.dpi = 192;
+    const RECT suggested{900, 600, 1500, 1000};
+    SendMessageW(test.form.hwnd(), WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&suggested));
+    RECT window{};
+    GetWindowRect(test.form.hwnd(), &window);
+    EXPECT_EQ(window.right - window.left, 600) << "as large as the system suggests";
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    // The same part of the ground, at twice the size.
+    EXPECT_EQ(pointer.x - window.left, 200);
+    EXPECT_EQ(pointer.y - window.top, 160);
+    SetCursorPos(pointer.x + 30, pointer.y);
+    const POINT now = origin();
+    SendMessageW(test.form.hwnd(), WM_MOUSEMOVE, MK_LBUTTON,
+                 MAKELPARAM(pointer.x + 30 - now.x, pointer.y - now.y));
+    RECT moved{};
+    GetWindowRect(test.form.hwnd(), &moved);
+    EXPECT_EQ(moved.left, window.left + 30) << "and it is dragged on";
+    EXPECT_EQ(moved.top, window.top);
+    SendMessageW(test.form.hwnd(), WM_LBUTTONUP, 0, 0);
+    SendMessageW(test.form.hwnd(), WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&suggested));
+    GetWindowRect(test.form.hwnd(), &window);
+    EXPECT_EQ(window.left, 900) << "let go, it lies where the system puts it";
+}
+
 }  // namespace
 }  // namespace ui

@@ -6,6 +6,7 @@
 #include <sstream>
 #include <vector>
 
+#include "platform/code_page.h"
 #include "support/app_stage.h"
 
 namespace app {
@@ -140,14 +141,78 @@ TEST_F(OptionSetsTest, AMissingDriveOrFolderLeavesTheListsWithoutAMessage) {
 TEST_F(OptionSetsTest, AFileThatCannotBeWrittenDoesNoHarm) {
     // Nothing can be written where a folder has the name.
     stage.program.folder(L"Panorell.ini");
-    stage.load();
+    stage.load(stage.pictures.path());
     form().IntT.setText(L"33");
     form().SAVE.click();
+    EXPECT_EQ(stage.system.count("beep"), 0) << "nothing pretends that it was";
+    EXPECT_EQ(form().Option1[0].toolTip(), L"");
+    EXPECT_EQ(form().SAVE.toolTip(), L"Panorell.ini kann nicht geschrieben werden");
     EXPECT_EQ(form().IntT.text(), L"33");
     EXPECT_EQ(form().IntS.value(), 28);
     choose(0);
     EXPECT_EQ(form().IntT.text(), L"5");
     EXPECT_NE(GetFileAttributesW((stage.program / L"Panorell.ini").c_str()) & FILE_ATTRIBUTE_DIRECTORY, 0U);
+}
+
+TEST_F(OptionSetsTest, AFileThatCanBeWrittenAgainIsConfirmedAgain) {
+    stage.program.folder(L"Panorell.ini");
+    stage.load(stage.pictures.path());
+    form().SAVE.click();
+    stage.program.remove(L"Panorell.ini");
+    form().SAVE.click();
+    EXPECT_EQ(stage.system.count("beep"), 1);
+    EXPECT_EQ(form().SAVE.toolTip(), L"Einstellungen speichern");
+    EXPECT_NE(form().Option1[0].toolTip(), L"");
+}
+
+TEST_F(OptionSetsTest, AFolderThatTheCodePageCannotNameComesBack) {
+    const std::wstring folder = stage.pictures.folder(L"\u65E5\u672C");
+    ASSERT_FALSE(platform::toCodePageExactly(folder));
+    stage.picture(L"\u65E5\u672C\\a.jpg");
+    stage.load(folder);
+    form().SAVE.click();
+    EXPECT_EQ(written().find('?'), std::string::npos) << written();
+    choose(1);
+    ASSERT_NE(form().Dir1.path(), folder);
+    choose(0);
+    EXPECT_EQ(form().Dir1.path(), folder);
+    EXPECT_EQ(form().File1.count(), 1);
+    EXPECT_EQ(form().Option1[0].toolTip(), L"\u65E5\u672C");
+}
+
+TEST_F(OptionSetsTest, AFolderThatIsGoneLeavesTheListsAsTheyAre) {
+    stage.picture(L"a.jpg");
+    settings(
+        "[Set2]\r\nDrive=C:\r\nDir=C:\\gibt\\es\\nicht\r\n[Set3]\r\nDrive=Z:\r\nDir=Z:\\gibt es nicht\r\n");
+    stage.loadFolder();
+    for (const int index : {1, 2}) {
+        choose(index);
+        EXPECT_EQ(form().Drive1.drive(), L"C:");
+        EXPECT_EQ(form().Dir1.path(), stage.pictures.path());
+        EXPECT_EQ(form().File1.count(), 1);
+    }
+}
+
+TEST_F(OptionSetsTest, TheFormerSetsPictureIsNotSeenInTheNewOnesPlace) {
+    const std::wstring other = stage.pictures.folder(L"andere");
+    stage.picture(L"a.jpg", 0xC02020, 600, 200);
+    stage.picture(L"andere\\b.jpg", 0x20C020, 400, 300);
+    settings("[Set2]\r\nDir=" + narrow(other) + "\r\n");
+    stage.loadFolder();
+    ASSERT_TRUE(support::alike(stage.shown(), 0xC02020));
+    stage.click(form().Option1[1]);
+    ASSERT_TRUE(stage.application->previewLoading());
+    EXPECT_TRUE(form().Pic2.image().empty()) << "the box is empty until its picture is there";
+    ASSERT_TRUE(stage.previewed());
+    EXPECT_TRUE(support::alike(stage.shown(), 0x20C020));
+}
+
+TEST_F(OptionSetsTest, AChosenSetGivesTheFocusToTheEmblem) {
+    stage.loadFolder();
+    form().Dir1.setFocus();
+    // Set 1 by code, as the command line chooses it: the button is not pressed.
+    form().Option1[0].onChosen();
+    EXPECT_EQ(GetFocus(), form().Pic3.hwnd());
 }
 
 TEST_F(OptionSetsTest, UmlautsOfAFolderComeBack) {
@@ -257,7 +322,7 @@ class LoadedAgain : public OptionSetsTest {
     void loadSet() {
         const platform::ProfileFile file(stage.program / L"Panorell.ini");
         Form1& f = form();
-        OptionSets({stage.loop, stage.state(), file, f.lists(), f.options(), f.Pic2, f.Pic3}).load();
+        OptionSets({stage.loop, stage.state(), file, f.lists(), f.options(), f.Pic2, f.Pic3, f.SAVE}).load();
         stage.previewed();
     }
 };
@@ -277,6 +342,16 @@ TEST_F(LoadedAgain, RemembersOnWhenTheFirstPictureIsTheOne) {
     EXPECT_EQ(form().Dir1.path(), stage.pictures.path());
     EXPECT_EQ(form().File1.selectedIndex(), 0);
     EXPECT_EQ(stage.state().rememberedFolder, stage.pictures.path());
+}
+
+TEST_F(LoadedAgain, ShowsThePictureBeforeTheOneOnTopOfTheList) {
+    for (int i = 0; i < 60; ++i) {
+        stage.pictures.file(L"n" + std::to_wstring(100 + i) + L".jpg", "no picture");
+    }
+    stage.state().StartIndex = 20;
+    loadSet();
+    EXPECT_EQ(form().File1.selectedIndex(), 20);
+    EXPECT_EQ(SendMessageW(form().File1.hwnd(), LB_GETTOPINDEX, 0, 0), 19);
 }
 
 TEST_F(LoadedAgain, AnIndexBeyondTheListSelectsNothing) {

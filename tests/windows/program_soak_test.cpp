@@ -59,7 +59,8 @@ class ProgramSoak {
         do {
             step();
             stage_.loop.advance(150);
-        } while (stage_.form().EOT.visible() || stage_.form().Pic3.image().empty());
+        } while (!stage_.loop.leaving() &&
+                 (stage_.form().EOT.visible() || stage_.form().Pic3.image().empty()));
     }
     int ends() const { return ends_; }
     int compared() const { return compared_; }

@@ -313,24 +313,27 @@ TEST_F(ScriptPlayerTest, TheFirstDotEndsTheKey) {
     EXPECT_EQ(title(), L"Titel");
 }
 
-TEST_F(ScriptPlayerTest, ADotInAFoldersNameGivesNoKey) {
+TEST_F(ScriptPlayerTest, ADotInAFoldersNameIsNoPartOfTheKey) {
     write("Bild1 Titel\r\n");
     stage.state.currentPicture = L"C:\\Fotos.2003\\Bild1.jpg";
-    EXPECT_THROW(apply(1), std::invalid_argument);
-    EXPECT_THROW(apply(2), std::invalid_argument);
+    apply(1);
+    EXPECT_EQ(title(), L"Titel");
 }
 
-TEST(Script, AShowInAFolderWithADotGoesOn) {
+TEST(Script, AFolderWithADotInItsNameHasTitlesAndPauses) {
     support::AppStage stage;
     stage.pictures.folder(L"Fotos.2003");
     stage.picture(L"Fotos.2003\\a.jpg", 0xC02020);
     stage.picture(L"Fotos.2003\\b.jpg", 0x20C020);
-    stage.pictures.file(L"Fotos.2003\\Panorell.txt", "b Titel *P=9\r\n");
+    stage.pictures.file(L"Fotos.2003\\Panorell.txt", "a Erstes\r\nb Titel *P=9\r\n");
     stage.load(stage.pictures / L"Fotos.2003" + L" P=1 R=1");
     ASSERT_TRUE(support::alike(stage.shown(), 0xC02020));
+    EXPECT_TRUE(stage.form().UT.visible());
+    EXPECT_EQ(stage.form().UT.text(), L"Erstes");
     stage.loop.advance(6000);
     EXPECT_TRUE(support::alike(stage.shown(), 0x20C020));
-    EXPECT_FALSE(stage.form().UT.visible());
+    EXPECT_EQ(stage.form().UT.text(), L"Titel ");
+    EXPECT_EQ(stage.form().Timer1.interval(), 9000);
 }
 
 }  // namespace

@@ -151,6 +151,7 @@ TEST_F(SurfaceTest, TheTabKeyWalksNowhere) {
 TEST_F(SurfaceTest, AChangeOfScalingLeavesTheSurfaceAsItIs) {
     stage.loadFolder();
     form().Start.click();
+    stage.monitors.dpi = 144;
     const RECT suggested{50, 50, 900, 700};
     SendMessageW(form().hwnd(), WM_DPICHANGED, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&suggested));
     expectSurface(stage.monitors.first);

@@ -21,8 +21,12 @@ struct RunningShow : ShowStage {
     explicit RunningShow(const std::vector<std::wstring>& names = kFour) : ShowStage(names) {
         show.start();
         type(L' ');
+        loop.advance(kBeyondADoubleClick);
+        Timer1.restart();
         control.clear();
     }
+    /// A press this long after the start is no second one of a double click.
+    static constexpr double kBeyondADoubleClick = 600;
 };
 
 TEST(Keys, DoNothingWithoutAShow) {
@@ -346,6 +350,93 @@ TEST(Mouse, ClicksAfterTheEndDoNothing) {
     EXPECT_EQ(stage.state.pictureIndex, 1);
     EXPECT_TRUE(stage.EOT.visible());
     EXPECT_FALSE(stage.Timer1.enabled());
+}
+
+TEST(Keys, UpGoesOnByItselfAlsoAfterAClick) {
+    RunningShow stage;
+    stage.controls.mousePressed(ui::MouseButton::Left);
+    ASSERT_EQ(stage.state.showMode, kByHand);
+    ASSERT_EQ(stage.screen.pointer().pointerHidden(), 0);
+    stage.key(VK_DOWN);
+    stage.key(VK_UP);
+    EXPECT_EQ(stage.state.showMode, kAutomatically);
+    EXPECT_EQ(stage.state.pausedFlag, 0);
+    EXPECT_EQ(stage.screen.pointer().pointerHidden(), 1);
+    stage.loop.advance(150 + 5000 + 50);
+    EXPECT_EQ(stage.state.pictureIndex, 2);
+}
+
+TEST(Keys, BlankEndsTheHoldOfDown) {
+    RunningShow stage;
+    stage.controls.mousePressed(ui::MouseButton::Left);
+    stage.key(VK_DOWN);
+    ASSERT_EQ(stage.state.pausedFlag, 1);
+    stage.type(L' ');
+    EXPECT_EQ(stage.state.pausedFlag, 0);
+    stage.loop.advance(2 * 5000 + 300);
+    EXPECT_EQ(stage.state.pictureIndex, 2) << "it goes on and on";
+}
+
+TEST(Keys, LeftTwiceGoesBackTwo) {
+    RunningShow stage;
+    for (int i = 0; i < 3; ++i) {
+        stage.key(VK_RIGHT);
+        stage.loop.advance(110);
+    }
+    ASSERT_EQ(stage.state.pictureIndex, 3);
+    stage.key(VK_LEFT);
+    stage.loop.advance(30);
+    stage.key(VK_LEFT);
+    stage.loop.advance(150);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(stage.File1.entries()[1]));
+    for (int i = 0; i < 4; ++i) {
+        stage.key(VK_LEFT);
+    }
+    stage.loop.advance(150);
+    EXPECT_EQ(stage.state.pictureIndex, 0) << "not before the first one";
+}
+
+TEST(Keys, AStepBackThatIsCalledOffLeavesThePlaceAsItIs) {
+    for (const bool byMouse : {false, true}) {
+        RunningShow stage;
+        stage.key(VK_RIGHT);
+        stage.loop.advance(110);
+        stage.key(VK_RIGHT);
+        stage.loop.advance(110);
+        ASSERT_EQ(stage.state.pictureIndex, 2);
+        stage.key(VK_LEFT);
+        stage.loop.advance(30);
+        byMouse ? stage.controls.mousePressed(ui::MouseButton::Left) : stage.key(VK_DOWN);
+        EXPECT_EQ(stage.state.pictureIndex, 2) << byMouse;
+        stage.key(VK_RIGHT);
+        stage.loop.advance(150);
+        EXPECT_EQ(stage.state.pictureIndex, 3) << byMouse;
+    }
+}
+
+TEST(Mouse, TheSecondPressOfTheDoubleClickThatStartedTheShowDoesNothing) {
+    ShowStage stage(kFour);
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(GetDoubleClickTime() - 50);
+    stage.controls.mousePressed(ui::MouseButton::Left);
+    EXPECT_EQ(stage.state.showMode, kAutomatically);
+    EXPECT_TRUE(stage.Timer1.enabled());
+    EXPECT_EQ(stage.screen.pointer().pointerHidden(), 1);
+    stage.controls.mousePressed(ui::MouseButton::Right);
+    EXPECT_FALSE(stage.state.quickStepPending);
+    stage.loop.advance(100);
+    stage.controls.mousePressed(ui::MouseButton::Left);
+    EXPECT_EQ(stage.state.showMode, kByHand);
+}
+
+TEST(Keys, CountFromTheStartOn) {
+    ShowStage stage(kFour);
+    stage.show.start();
+    stage.key(VK_RIGHT);
+    stage.loop.advance(110);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
 }
 
 }  // namespace

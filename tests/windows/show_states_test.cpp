@@ -42,6 +42,7 @@ class StateStage : public ShowStage {
         const bool end = met == State::InFade || met == State::AfterEnd;
         File1.setSelectedIndex(end ? kCount - 1 : kShown - 1);
         show.start();
+        loop.advance(600);  // the time of a double click
         type(L' ');
         const auto observed = [this, action] {
             control.clear();
@@ -184,7 +185,7 @@ TEST(ShowStates, HeldByDown) {
 
 TEST(ShowStates, HeldByAClick) {
     expectRows(State::HeldByClick, {{"DOWN", 2, 1, 1, false},
-                                    {"UP", 3, 1, 0, false},
+                                    {"UP", 3, 2, 0, true},
                                     {"LEFT", 1, 1, 0, false},
                                     {"RIGHT", 3, 1, 0, false},
                                     {"ENTER", 2, 1, 0, false},

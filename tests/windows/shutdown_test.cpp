@@ -70,6 +70,59 @@ TEST_F(ShutdownTest, SoDoesEscape) {
     expectClipboardEnd();
 }
 
+TEST_F(ShutdownTest, EscapeInTheOpenListOfDrivesClosesOnlyThat) {
+    load();
+    const HWND drives = form().Drive1.hwnd();
+    form().Drive1.setFocus();
+    SendMessageW(drives, CB_SHOWDROPDOWN, TRUE, 0);
+    ASSERT_TRUE(form().Drive1.droppedDown());
+    const std::wstring folder = form().Dir1.path();
+    const int chosen = form().Drive1.selectedIndex();
+    PostMessageW(drives, WM_KEYDOWN, chosen > 0 ? VK_UP : VK_DOWN, 1);
+    PostMessageW(drives, WM_KEYDOWN, VK_ESCAPE, 1);
+    stage.loop.settle();
+    EXPECT_FALSE(form().Drive1.droppedDown());
+    EXPECT_FALSE(stage.loop.leaving());
+    EXPECT_EQ(platform::clipboardText(), L"vorher");
+    EXPECT_EQ(form().Drive1.selectedIndex(), chosen) << "what the arrow keys passed is no choice";
+    EXPECT_EQ(form().Dir1.path(), folder);
+    PostMessageW(drives, WM_KEYDOWN, VK_ESCAPE, 1);
+    stage.loop.settle();
+    expectClipboardEnd();
+}
+
+TEST_F(ShutdownTest, EscapeInTheHelpBoxClosesOnlyThat) {
+    load();
+    const support::MessageBoxes boxes([] {
+        const HWND target = GetFocus() != nullptr ? GetFocus() : GetActiveWindow();
+        PostMessageW(target, WM_KEYDOWN, VK_ESCAPE, 1);
+        PostMessageW(target, WM_KEYUP, VK_ESCAPE, static_cast<LPARAM>(0xC0000001));
+    });
+    form().Help.click();
+    stage.loop.settle();
+    EXPECT_EQ(boxes.seen().size(), 1U);
+    EXPECT_FALSE(stage.loop.leaving());
+    EXPECT_EQ(platform::clipboardText(), L"vorher");
+}
+
+TEST_F(ShutdownTest, ASecondEscapeThatWaitsDoesNothingMore) {
+    load(L" R=1");
+    PostMessageW(form().Pic2.hwnd(), WM_CHAR, 27, 1);
+    PostMessageW(form().Pic2.hwnd(), WM_CHAR, 27, 1);
+    PostMessageW(form().Pic2.hwnd(), WM_CHAR, 27, 1);
+    stage.loop.settle();
+    expectShowEnd();
+    EXPECT_THAT(stage.control.commands(), kMediaEnd) << "once";
+}
+
+TEST_F(ShutdownTest, ALogOffThatWasCalledOffChangesNothing) {
+    load();
+    SendMessageW(form().hwnd(), WM_QUERYENDSESSION, 0, 0);
+    SendMessageW(form().hwnd(), WM_ENDSESSION, FALSE, 0);
+    EXPECT_EQ(stage.system.count("tray delete"), 0);
+    EXPECT_FALSE(stage.loop.leaving());
+}
+
 TEST_F(ShutdownTest, SoDoesClosingTheWindow) {
     load();
     SendMessageW(form().hwnd(), WM_CLOSE, 0, 0);

@@ -313,5 +313,32 @@ TEST(SlideshowAhead, LoopPreparesItsBeginning) {
                 testing::ElementsAre(stage.pathOf(L"a1.jpg"), stage.pathOf(L"b2.jpg")));
 }
 
+TEST(SlideshowEnd, LetsTheDisplaySleepUntilTheShowIsGoneBackInto) {
+    ShowStage stage(kThree);
+    EXPECT_FALSE(stage.show.keepsAwake());
+    stage.show.start();
+    EXPECT_TRUE(stage.show.keepsAwake());
+    stage.type(L' ');
+    stage.loop.advance(16'000);
+    ASSERT_TRUE(stage.show.atEnd());
+    EXPECT_FALSE(stage.show.keepsAwake());
+    stage.key(VK_LEFT);
+    EXPECT_TRUE(stage.show.keepsAwake());
+    stage.type(27);
+    EXPECT_FALSE(stage.show.keepsAwake());
+}
+
+TEST(SlideshowStart, ASecondStartInTheMiddleOfTheFirstIsNone) {
+    ShowStage stage(kThree);
+    int taken = 0;
+    stage.pictures.onTake = [&] {
+        ++taken;
+        stage.show.start();
+    };
+    stage.show.start();
+    EXPECT_EQ(taken, 1);
+    EXPECT_EQ(stage.state.showMode, kByHand);
+}
+
 }  // namespace
 }  // namespace show

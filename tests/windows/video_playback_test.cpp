@@ -303,5 +303,34 @@ TEST(Ramps, MusicComesBackTwoSecondsBeforeTheEnd) {
     EXPECT_EQ(stage.state.pictureIndex, 1);
 }
 
+TEST(OpenAndPlayVideo, DisablesTheFilmsWindow) {
+    VideoStage stage({L"a.mpg"}, "3000");
+    HWND film = nullptr;
+    const auto paint = stage.control.onSend;
+    stage.control.onSend = [&](const std::string& command) {
+        paint(command);
+        if (command.rfind("open ", 0) == 0) {
+            film = CreateWindowExW(0, L"Static", L"", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, stage.Pic2.hwnd(),
+                                   nullptr, nullptr, nullptr);
+        }
+    };
+    stage.video.OpenAndPlayVideo(stage.pathOf(L"a.mpg"));
+    ASSERT_NE(film, nullptr);
+    EXPECT_FALSE(IsWindowEnabled(film)) << "clicks are the show's";
+    DestroyWindow(film);
+}
+
+TEST(OpenAndPlayVideo, PlacesTheFilmWithoutTheBlankWhereThatIsRefused) {
+    VideoStage stage({L"a.mpg"}, "3000");
+    stage.Pic2.movePixels(0, 0, 160, 120);
+    stage.control.replyTo(" put VIDEO window at 0 0 160 120", "", 261);
+    stage.video.OpenAndPlayVideo(stage.pathOf(L"a.mpg"));
+    const auto commands = stage.control.commands();
+    ASSERT_EQ(commands.size(), 7U);
+    EXPECT_EQ(commands[4], " put VIDEO window at 0 0 160 120");
+    EXPECT_EQ(commands[5], "put VIDEO window at 0 0 160 120");
+    EXPECT_EQ(commands[6], "play VIDEO");
+}
+
 }  // namespace
 }  // namespace media

@@ -83,6 +83,7 @@ TEST(VideoRoads, FromTheFirstItemByHand) {
     for (const int road : {0, 1, 2, 3}) {
         RoadStage stage({L"a.mpg", L"b.jpg"}, "3000");
         stage.show.start();
+        stage.loop.advance(600);  // the time of a double click
         stage.log();
         switch (road) {
             case 0:
@@ -373,6 +374,106 @@ TEST(VideoWithoutALength, AsTheOnlyItemOfAnEndlessShow) {
     EXPECT_GE(std::count(log.begin(), log.end(), "play VIDEO"), 5) << "goes round and round";
     stage.type(27);
     EXPECT_EQ(stage.ends, 1);
+}
+
+// A film that was reached by hand plays with its sound all the time.
+TEST(VideoRoads, ReachedByHandAndGoneOnFrom) {
+    RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "10000");
+    stage.startWithSound();
+    stage.loop.advance(1000);
+    stage.controls.mousePressed(ui::MouseButton::Left);
+    stage.key(VK_RIGHT);
+    stage.loop.advance(150);
+    EXPECT_THAT(stage.log(), ElementsAreArray(opened("b.mpg") + kArmedWithSound + kToVideo));
+    ASSERT_EQ(stage.state.showMode, show::kByHand);
+    stage.loop.advance(2000);
+    stage.type(L' ');
+    EXPECT_THAT(stage.log(), IsEmpty()) << "neither its sound nor its length anew";
+    stage.loop.advance(8000);
+    EXPECT_THAT(stage.log(), ElementsAreArray(kToMusic + kCaptured));
+    EXPECT_EQ(stage.state.pictureIndex, 2);
+}
+
+TEST(VideoRoads, ReachedByHandIsLeftWhenItEnds) {
+    RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "10000");
+    stage.startAutomatically();
+    stage.loop.advance(1000);
+    stage.controls.mousePressed(ui::MouseButton::Left);
+    stage.key(VK_RIGHT);
+    stage.loop.advance(100 + 4000);
+    stage.type(L' ');
+    EXPECT_EQ(stage.Timer1.interval(), 6000) << "what is left of it";
+    stage.loop.advance(5990);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
+    stage.loop.advance(20);
+    EXPECT_EQ(stage.state.pictureIndex, 2);
+}
+
+TEST(VideoRoads, ReachedByHandAndOverLongAgoIsLeftAtOnce) {
+    RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "10000");
+    stage.startAutomatically();
+    stage.loop.advance(1000);
+    stage.controls.mousePressed(ui::MouseButton::Left);
+    stage.key(VK_RIGHT);
+    stage.loop.advance(60'000);
+    ASSERT_EQ(stage.state.pictureIndex, 1);
+    stage.type(L' ');
+    stage.loop.advance(150);
+    EXPECT_EQ(stage.state.pictureIndex, 2);
+}
+
+TEST(VideoRoads, KeysThatBelongToTheComputerLeaveItAlone) {
+    RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "60000");
+    stage.startAutomatically();
+    stage.loop.advance(7000);
+    stage.log();
+    for (const int key : {VK_SHIFT, VK_CONTROL, VK_LSHIFT, VK_LWIN, VK_CAPITAL, VK_NUMLOCK, VK_VOLUME_UP,
+                          VK_VOLUME_MUTE, VK_MEDIA_PLAY_PAUSE, VK_BROWSER_BACK}) {
+        stage.key(key);
+    }
+    stage.loop.advance(1000);
+    EXPECT_THAT(stage.log(), IsEmpty());
+    EXPECT_EQ(stage.video.videoShowing, 1);
+    stage.key(VK_F5);
+    EXPECT_THAT(stage.log(), ElementsAreArray(kClosed));
+}
+
+TEST(VideoRoads, WithoutVideoSoundTheMusicGoesOn) {
+    RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "8000");
+    stage.withMusic();
+    stage.startAutomatically();
+    stage.loop.advance(5001);
+    EXPECT_THAT(stage.log(), ElementsAreArray(opened("b.mpg") + kArmed)) << "no volume is touched";
+    stage.loop.advance(8000);
+    EXPECT_THAT(stage.log(), ElementsAreArray(kCaptured));
+}
+
+TEST(VideoRoads, WithoutVideoSoundTheMusicGoesOnFromTheFirstItemToo) {
+    RoadStage stage({L"a.mpg", L"b.jpg"}, "8000");
+    stage.withMusic();
+    stage.show.start();
+    EXPECT_THAT(stage.log(), ElementsAreArray(kClosed + opened("a.mpg") + kStopped));
+    stage.type(L' ');
+    EXPECT_THAT(stage.log(), ElementsAreArray(kSilent + kArmed + kPlay));
+}
+
+TEST(VideoEntries, TheFirstItemTakesItsOwnWithoutADate) {
+    RoadStage stage({L"a.mpg", L"b.mpg", L"c.jpg"}, "8000");
+    stage.writeScript("a Am Meer *E=C *D\r\nb Zwei *E=D *D\r\n");
+    stage.ShowFN.setValue(1);
+    stage.show.start();
+    EXPECT_TRUE(stage.UT.visible());
+    EXPECT_EQ(stage.UT.text(), L"Am Meer ");
+    EXPECT_EQ(stage.runner.effectNumber, 3);
+    const auto* pixels = stage.Pic2.image().bits();
+    EXPECT_TRUE(std::all_of(pixels, pixels + 160 * 120, [](std::uint32_t pixel) {
+        return (pixel & 0xFFFFFF) == 0;
+    })) << "no date beneath the film";
+    stage.type(L' ');
+    stage.loop.advance(8100);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
+    EXPECT_FALSE(stage.UT.visible());
+    EXPECT_EQ(stage.runner.effectNumber, 3) << "other videos take none";
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 namespace show::effects {
 
 inline constexpr int kFirstCopyEffect = 12;
-inline constexpr int kSquareSize = 15;  // "Y": side of a square
+inline constexpr int kSquareSize = 15;  // "Y": side of a square where neighbours touch
 inline constexpr int kRadiusStep = 5;   // "Y": from one circle to the next
 inline constexpr int kColumnWidth = 5;  // "W"
 inline constexpr int kLineSteps = 300;  // "W" and "X"

@@ -74,15 +74,25 @@ int circleCount(Surface s) {
     return static_cast<int>(std::ceil(corner / kRadiusStep)) + 1;
 }
 
+namespace {
+
+// Squares one degree apart touch up to a radius of about 800 pixels; further out they grow with their
+// distance, or rays of the old picture would be left between them.
+int squareSize(int radius) {
+    const double apart = radius * std::numbers::pi / 180.0;
+    return std::max(kSquareSize, static_cast<int>(std::ceil(apart)) + 1);
+}
+
+}  // namespace
+
 void circleCopies(int step, Surface s, std::vector<CopyRect>& copies) {
     const int radius = step * kRadiusStep;
+    const int side = squareSize(radius);
     for (int degrees = 0; degrees <= 360; ++degrees) {
         const double angle = degrees * std::numbers::pi / 180.0;
-        const int left =
-            static_cast<int>(std::lround(s.width / 2.0 + radius * std::cos(angle))) - kSquareSize / 2;
-        const int top =
-            static_cast<int>(std::lround(s.height / 2.0 + radius * std::sin(angle))) - kSquareSize / 2;
-        copyInPlace(left, top, left + kSquareSize, top + kSquareSize, s, copies);
+        const int left = static_cast<int>(std::lround(s.width / 2.0 + radius * std::cos(angle))) - side / 2;
+        const int top = static_cast<int>(std::lround(s.height / 2.0 + radius * std::sin(angle))) - side / 2;
+        copyInPlace(left, top, left + side, top + side, s, copies);
     }
 }
 

@@ -75,9 +75,9 @@ picture::Pixels draw(const TestPicture& picture) {
 
 picture::Pixels drawFitted(const TestPicture& picture, int surfaceWidth, int surfaceHeight) {
     picture::Pixels surface(surfaceWidth, surfaceHeight);
-    drawInto(
-        surface, picture.number,
-        show::fitPicture(picture.width, picture.height, surfaceWidth, surfaceHeight, show::kDesignShape));
+    drawInto(surface, picture.number,
+             show::fitPicture(picture.width, picture.height, surfaceWidth, surfaceHeight,
+                              static_cast<double>(surfaceWidth) / surfaceHeight));
     return surface;
 }
 

@@ -1,0 +1,69 @@
+#include "media/film_window.h"
+
+#include <dwmapi.h>
+
+#include "platform/handles.h"
+
+namespace media {
+
+namespace {
+
+BOOL CALLBACK disable(HWND child, LPARAM) {
+    EnableWindow(child, FALSE);
+    return TRUE;
+}
+
+RECT clientOnScreen(HWND window) {
+    RECT area{};
+    GetClientRect(window, &area);
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
+    return area;
+}
+
+/// Windows of the store apps that wait in the background count as visible but are not shown.
+bool isCloaked(HWND window) {
+    DWORD cloaked = 0;
+    return SUCCEEDED(DwmGetWindowAttribute(window, DWMWA_CLOAKED, &cloaked, sizeof cloaked)) && cloaked != 0;
+}
+
+bool covers(HWND window, const RECT& area) {
+    RECT place{};
+    RECT common{};
+    return IsWindowVisible(window) != FALSE && IsIconic(window) == FALSE &&
+           GetWindowRect(window, &place) != FALSE && IntersectRect(&common, &place, &area) != FALSE &&
+           !isCloaked(window);
+}
+
+}  // namespace
+
+void disableChildren(HWND parent) {
+    EnumChildWindows(parent, disable, 0);
+}
+
+bool isUncovered(HWND window) {
+    if (IsWindowVisible(window) == FALSE || IsIconic(GetAncestor(window, GA_ROOT)) != FALSE) {
+        return false;
+    }
+    const RECT area = clientOnScreen(window);
+    // What lies over a window: its siblings above it, and those of every window around it.
+    for (HWND level = window; level != nullptr; level = GetAncestor(level, GA_PARENT)) {
+        for (HWND above = GetWindow(level, GW_HWNDPREV); above != nullptr;
+             above = GetWindow(above, GW_HWNDPREV)) {
+            if (covers(above, area)) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+void copyFromScreen(HWND window, const picture::Surface& frame) {
+    const RECT area = clientOnScreen(window);
+    const platform::WindowDc screen(nullptr);
+    SetStretchBltMode(frame.dc(), HALFTONE);
+    SetBrushOrgEx(frame.dc(), 0, 0, nullptr);
+    StretchBlt(frame.dc(), 0, 0, frame.width(), frame.height(), screen.get(), area.left, area.top,
+               area.right - area.left, area.bottom - area.top, SRCCOPY | CAPTUREBLT);
+}
+
+}  // namespace media

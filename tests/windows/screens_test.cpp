@@ -1,0 +1,282 @@
+// Screens that differ, and screens that change while a show runs.
+#include <windows.h>
+
+#include <commctrl.h>
+#include <gmock/gmock.h>
+
+#include "support/app_stage.h"
+#include "support/import_hook.h"
+
+namespace app {
+namespace {
+
+using support::AppStage;
+
+constexpr std::uint32_t kRed = 0xC02020;
+constexpr std::uint32_t kGreen = 0x20C020;
+
+RECT windowOf(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return place;
+}
+
+class ScreensTest : public testing::Test {
+  protected:
+    ScreensTest() {
+        stage.picture(L"a.jpg", kRed, 400, 300);
+        stage.picture(L"b.jpg", kGreen, 400, 300);
+    }
+    Form1& form() { return stage.form(); }
+    /// The monitor of the show has another size from now on, and the system tells so.
+    void resize(const RECT& monitor) {
+        stage.monitors.first = monitor;
+        SendMessageW(form().hwnd(), WM_DISPLAYCHANGE, 32,
+                     MAKELPARAM(monitor.right - monitor.left, monitor.bottom - monitor.top));
+        stage.loop.settle();
+    }
+    void expectSurface(const RECT& monitor) {
+        const RECT window = windowOf(form().hwnd());
+        EXPECT_TRUE(EqualRect(&window, &monitor))
+            << window.left << ' ' << window.top << ' ' << window.right << ' ' << window.bottom;
+        const int width = monitor.right - monitor.left;
+        const int height = monitor.bottom - monitor.top;
+        EXPECT_EQ(stage.showState().screenWidth, width);
+        EXPECT_EQ(stage.showState().screenHeight, height);
+        EXPECT_EQ(form().Pic2.clientSize().cx, width);
+        EXPECT_EQ(form().Pic2.clientSize().cy, height);
+        EXPECT_EQ(form().Pic2.image().width(), width);
+        EXPECT_EQ(form().Pic2.image().height(), height);
+    }
+    std::uint32_t at(int x, int y) {
+        GdiFlush();
+        const picture::Surface& image = form().Pic2.image();
+        return image.bits()[y * image.width() + x] & 0xFFFFFFU;
+    }
+    AppStage stage;
+};
+
+/// Tells a form of a change of scaling when it comes to the second monitor, as the system does.
+class ScalingTeller {
+  public:
+    ScalingTeller(HWND form, const support::FakeMonitors& monitors) : form_(form), monitors_(monitors) {
+        SetWindowSubclass(form, tell, 77, reinterpret_cast<DWORD_PTR>(this));
+    }
+    ~ScalingTeller() { RemoveWindowSubclass(form_, tell, 77); }
+    ScalingTeller(const ScalingTeller&) = delete;
+    ScalingTeller& operator=(const ScalingTeller&) = delete;
+    int told() const { return told_; }
+
+  private:
+    static LRESULT CALLBACK tell(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR,
+                                 DWORD_PTR self) noexcept {
+        const LRESULT result = DefSubclassProc(window, message, w, l);
+        auto* teller = reinterpret_cast<ScalingTeller*>(self);
+        const int dpi = teller->monitors_.dpiOf(window);
+        if (message == WM_WINDOWPOSCHANGED && dpi != teller->dpi_) {
+            const int before = std::exchange(teller->dpi_, dpi);
+            ++teller->told_;
+            RECT suggested = windowOf(window);
+            suggested.right = suggested.left + MulDiv(suggested.right - suggested.left, dpi, before);
+            suggested.bottom = suggested.top + MulDiv(suggested.bottom - suggested.top, dpi, before);
+            SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&suggested));
+        }
+        return result;
+    }
+
+    HWND form_;
+    const support::FakeMonitors& monitors_;
+    int dpi_ = 144;
+    int told_ = 0;
+};
+
+// The scaling that changes with the move asks for a new preview, which would shrink the surface to its place.
+TEST_F(ScreensTest, AShowOnASecondScreenOfAnotherScalingFillsIt) {
+    stage.application.reset();
+    stage.monitors.second = RECT{640, 0, 1440, 600};
+    stage.monitors.dpi = 144;
+    stage.monitors.secondDpi = 96;
+    stage.create();
+    stage.loadFolder();
+    SetWindowPos(form().hwnd(), nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    stage.click(form().Screen2);
+    const ScalingTeller teller(form().hwnd(), stage.monitors);
+    form().Run.click();
+    EXPECT_EQ(teller.told(), 1);
+    expectSurface(*stage.monitors.second);
+    EXPECT_FALSE(stage.application->previewLoading());
+    for (int i = 0; i < 50; ++i) {
+        stage.loop.advance(20);
+        Sleep(2);
+    }
+    expectSurface(*stage.monitors.second);
+    EXPECT_TRUE(support::alike(at(790, 10), kRed)) << "to its corners";
+}
+
+TEST_F(ScreensTest, APreviewIsPossibleAgainWhereNoShowBegan) {
+    stage.loadFolder();
+    stage.pictures.remove(L"a.jpg");
+    stage.pictures.remove(L"b.jpg");
+    form().File1.refresh();
+    form().Start.click();
+    ASSERT_TRUE(form().Start.visible());
+    stage.picture(L"c.jpg", kGreen);
+    stage.activate();
+    form().File1.setSelectedIndex(0);
+    ASSERT_TRUE(stage.previewed());
+    EXPECT_TRUE(support::alike(stage.shown(), kGreen));
+}
+
+TEST_F(ScreensTest, TheSurfaceFollowsAScreenOfAnotherSize) {
+    stage.loadFolder();
+    form().Run.click();
+    expectSurface({0, 0, 640, 480});
+    resize({0, 0, 800, 300});
+    expectSurface({0, 0, 800, 300});
+    EXPECT_TRUE(support::alike(at(400, 150), kRed));
+    EXPECT_TRUE(support::alike(at(205, 5), kRed)) << "400 x 300 in the middle";
+    EXPECT_EQ(at(190, 150), 0U);
+    EXPECT_EQ(at(610, 150), 0U);
+    const RECT end = windowOf(form().EOT.hwnd());
+    EXPECT_NEAR(end.left + end.right, 800, 1);
+    stage.loop.advance(5200);
+    EXPECT_EQ(stage.showState().pictureIndex, 1) << "the show goes on";
+    EXPECT_TRUE(support::alike(at(400, 150), kGreen));
+    expectSurface({0, 0, 800, 300});
+    resize({0, 0, 640, 480});
+    expectSurface({0, 0, 640, 480});
+    EXPECT_TRUE(support::alike(at(2, 2), kGreen));
+}
+
+TEST_F(ScreensTest, TheSurfaceGoesWhereAMonitorIsLeft) {
+    stage.monitors.second = RECT{640, 0, 1440, 600};
+    stage.loadFolder();
+    SetWindowPos(form().hwnd(), nullptr, 700, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    form().Run.click();
+    expectSurface({640, 0, 1440, 600});
+    stage.monitors.second.reset();
+    SendMessageW(form().hwnd(), WM_DISPLAYCHANGE, 32, MAKELPARAM(640, 480));
+    stage.loop.settle();
+    expectSurface({0, 0, 640, 480});
+    SetWindowPos(form().hwnd(), nullptr, 900, 100, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    expectSurface({0, 0, 640, 480});
+}
+
+TEST_F(ScreensTest, ATransitionEndsBeforeTheSurfaceFollows) {
+    stage.loadFolder(L" P=1");
+    form().Check1.setValue(1);
+    form().Run.click();
+    form().Timer2.setInterval(10);
+    stage.type(L'd');  // four seconds
+    bool seen = false;
+    stage.loop.at(2500, [&] {
+        seen = form().Pic3.visible();
+        resize({0, 0, 800, 300});
+    });
+    stage.loop.advance(3000);
+    EXPECT_TRUE(seen) << "in its middle";
+    EXPECT_FALSE(form().Pic3.visible());
+    expectSurface({0, 0, 800, 300});
+    EXPECT_TRUE(support::alike(at(400, 150), kGreen));
+    EXPECT_EQ(at(100, 150), 0U);
+}
+
+TEST_F(ScreensTest, TitleAndDateStandAtTheirPlacesAgain) {
+    stage.pictures.file(L"Panorell.txt", "a Am Strand *D\r\n");
+    stage.loadFolder();
+    form().Start.click();
+    ASSERT_TRUE(form().UT.visible());
+    resize({0, 0, 800, 600});
+    EXPECT_TRUE(form().UT.visible());
+    const RECT title = windowOf(form().UT.hwnd());
+    EXPECT_EQ(title.left, 0);
+    EXPECT_EQ(title.right, 800);
+    EXPECT_NEAR(title.top, 600 - 2 * (title.bottom - title.top), 1);
+    const auto bright = [&] {
+        int count = 0;
+        for (int y = 0; y < 60; ++y) {
+            for (int x = 0; x < 800; ++x) {
+                count += at(x, y) == 0x00FFFF ? 1 : 0;
+            }
+        }
+        return count;
+    };
+    EXPECT_GT(bright(), 50) << "the date in cyan";
+    stage.loop.advance(4500);
+    EXPECT_FALSE(form().UT.visible());
+    EXPECT_EQ(bright(), 0);
+    EXPECT_TRUE(support::alike(at(400, 20), kRed));
+}
+
+TEST_F(ScreensTest, AFilmFillsTheScreenThatIsThere) {
+    stage.pictures.remove(L"b.jpg");
+    stage.pictures.file(L"b.mpg", "no film");
+    stage.control.replyTo("status VIDEO length", "60000");
+    stage.loadFolder(L" P=1");
+    form().Run.click();
+    stage.loop.advance(1200);
+    stage.control.clear();
+    resize({0, 0, 800, 300});
+    EXPECT_THAT(stage.control.commands(), testing::ElementsAre(" put VIDEO window at 0 0 800 300"));
+    expectSurface({0, 0, 800, 300});
+}
+
+TEST_F(ScreensTest, TheEndStaysTheEnd) {
+    stage.loadFolder(L" P=1");
+    form().Run.click();
+    stage.loop.advance(6000);
+    ASSERT_TRUE(form().EOT.visible());
+    resize({0, 0, 800, 600});
+    expectSurface({0, 0, 800, 600});
+    EXPECT_TRUE(form().EOT.visible());
+    EXPECT_TRUE(support::alike(at(10, 10), kGreen));
+    const RECT end = windowOf(form().EOT.hwnd());
+    EXPECT_NEAR(end.left + end.right, 800, 1);
+    EXPECT_NEAR(end.top + end.bottom, 600, 1);
+}
+
+TEST_F(ScreensTest, InTheSetupNothingFollows) {
+    stage.loadFolder();
+    const RECT before = windowOf(form().hwnd());
+    resize({0, 0, 800, 600});
+    const RECT after = windowOf(form().hwnd());
+    EXPECT_TRUE(EqualRect(&before, &after));
+    EXPECT_TRUE(form().Start.visible());
+}
+
+/// Commands of the system menu that reach the system, which does not carry them out.
+std::vector<WPARAM> passedOn;
+
+const support::ImportHook* defaultProcedure = nullptr;
+
+LRESULT WINAPI noteCommands(HWND window, UINT message, WPARAM w, LPARAM l) {
+    if (message == WM_SYSCOMMAND) {
+        passedOn.push_back(w);
+        return 0;
+    }
+    return defaultProcedure->original<decltype(DefWindowProcW)>()(window, message, w, l);
+}
+
+TEST_F(ScreensTest, AShowRefusesScreenSaverAndSleepUntilItsEnd) {
+    const support::ImportHook hook("DefWindowProcW", noteCommands);
+    defaultProcedure = &hook;
+    stage.loadFolder(L" P=1");
+    const auto refuses = [&](WPARAM command) {
+        passedOn.clear();
+        SendMessageW(form().hwnd(), WM_SYSCOMMAND, command, 0);
+        return passedOn.empty();
+    };
+    EXPECT_FALSE(refuses(SC_SCREENSAVE));
+    form().Run.click();
+    EXPECT_TRUE(refuses(SC_SCREENSAVE));
+    EXPECT_TRUE(refuses(SC_MONITORPOWER));
+    EXPECT_TRUE(refuses(SC_SCREENSAVE | 2)) << "the low bits are the system's own";
+    EXPECT_FALSE(refuses(SC_MINIMIZE));
+    stage.loop.advance(6000);
+    ASSERT_TRUE(form().EOT.visible());
+    EXPECT_FALSE(refuses(SC_SCREENSAVE));
+    EXPECT_FALSE(refuses(SC_MONITORPOWER));
+}
+
+}  // namespace
+}  // namespace app
