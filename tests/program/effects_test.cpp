@@ -52,7 +52,8 @@ class EffectFilm : public testing::Test {
   protected:
     void startShow() {
         for (std::size_t i = 0; i < kColours.size(); ++i) {
-            picture::Pixels picture(1600, 1200);
+            const SIZE screen = screenSize();
+            picture::Pixels picture(screen.cx, screen.cy);
             std::fill(picture.data.begin(), picture.data.end(), kColours[i]);
             writeJpeg(folder_.file(std::to_wstring(i) + L".jpg"), picture);
         }

@@ -33,6 +33,12 @@ class ShowControlTest : public testing::Test {
         return waitFor([&] { return at(control).visible() == visible; }, seconds(8),
                        visible ? "a caption comes" : "a caption goes");
     }
+    /// The show stands at a picture for longer than a double click may last, so that a press is one of its
+    /// own.
+    static testing::AssertionResult beyondADoubleClick(const ShowWatch& watch, int number) {
+        return stays([&] { return watch.now() == number; }, milliseconds(GetDoubleClickTime() + 100),
+                     "the picture stands");
+    }
     static bool pointerInTheMiddle() {
         POINT place{};
         GetCursorPos(&place);
@@ -93,6 +99,7 @@ TEST_F(ShowControlTest, ClicksPauseStepAndGoOn) {
     open(folder);
     ASSERT_TRUE(watch.comes(1));
     ASSERT_TRUE(waitFor([] { return !pointerVisible(); }, seconds(5), "the pointer is hidden"));
+    ASSERT_TRUE(beyondADoubleClick(watch, 1));
     ASSERT_TRUE(clickAt({300, 300}));
     EXPECT_TRUE(waitFor([] { return pointerVisible() && pointerInTheMiddle(); }, seconds(5), "the pointer"));
     EXPECT_TRUE(stays([&] { return watch.now() == 1; }, milliseconds(500), "the picture stands"));
@@ -136,6 +143,7 @@ TEST_F(ShowControlTest, AClickOnTheTitleIsAClickOnThePicture) {
     ASSERT_TRUE(press(VK_RIGHT));
     ASSERT_TRUE(watch.comes(2, seconds(2)));
     ASSERT_TRUE(becomes(id::kUT, true));
+    ASSERT_TRUE(beyondADoubleClick(watch, 2));
     ASSERT_TRUE(clickAt(at(id::kUT).centre()));
     EXPECT_TRUE(waitFor([] { return pointerVisible() && pointerInTheMiddle(); }, seconds(3), "the pointer"));
     EXPECT_EQ(focusIn(panorell_.form()), at(id::kPic2).handle());
@@ -157,6 +165,21 @@ TEST_F(ShowControlTest, TheInformationLineNamesPictureAndEffect) {
     EXPECT_TRUE(waitFor([&] { return at(id::kText1).text() == L"bild02 (A)"; }, seconds(2), "the new line"));
     ASSERT_TRUE(type(L"?"));
     EXPECT_TRUE(becomes(id::kText1, false));
+}
+
+TEST_F(ShowControlTest, ADoubleClickOnRunIsOneClick) {
+    PictureFolder folder(3);
+    panorell_.keepShow(folder.path(), {L"2"});
+    const ShowWatch watch(folder.pictures());
+    ASSERT_TRUE(panorell_.openSetUp());
+    ASSERT_TRUE(waitFor([&] { return at(id::kRun).enabled(); }, kPatience, "the preview is there"));
+    const POINT run = at(id::kRun).centre();
+    ASSERT_TRUE(clickAt(run));
+    ASSERT_TRUE(clickAt(run));
+    ASSERT_TRUE(watch.comes(1));
+    EXPECT_TRUE(watch.comes(2, seconds(4))) << "it steps by itself";
+    EXPECT_FALSE(pointerVisible());
+    EXPECT_TRUE(watch.comes(3, seconds(4)));
 }
 
 TEST_F(ShowControlTest, TheEndShowsThePointerAndLeftGoesBack) {

@@ -100,8 +100,7 @@ soundProgramIsGone() { ! kill -0 "$soundProcess" 2>/dev/null; }
 runSoundTests() {
     echo "== sound"
     local before=$failed
-    # No dot in its path: a dot in a folder's name leaves the pictures in it without script entries.
-    soundFolder=$(mktemp -d "${TMPDIR:-/tmp}/panorellsoundXXXXXX")
+    soundFolder=$(mktemp -d "${TMPDIR:-/tmp}/panorell.sound.XXXXXX")
     mkdir "$soundFolder/show"
     soundPictures a b d
     ffmpeg -v error -f lavfi -i testsrc2=size=352x288:rate=25 -f lavfi -i sine=frequency=660:sample_rate=44100 -t 9 \
@@ -132,9 +131,42 @@ runSoundTests() {
     soundProgram 0
     heard "without music there is silence" 15 staysSilent 5
     soundProgramEnd
+    soundProbe
     soundlessShow
     rm -rf "$soundFolder"
     echo "sound: $((failed - before)) failed"
+}
+
+# probe COMMAND: one media command to the program's own back-end.
+probe() { echo "$1" >>"$soundFolder/commands"; }
+
+soundProbe() {
+    local mp3=$soundFolder/two.mp3 film=$soundFolder/show/c.mpg
+    # Three seconds of one pitch, then a minute of another.
+    ffmpeg -v error -f lavfi -i "sine=frequency=440:sample_rate=44100:duration=3" \
+        -f lavfi -i "sine=frequency=880:sample_rate=44100:duration=60" -filter_complex "[0][1]concat=n=2:v=0:a=1" \
+        -b:a 64k "$mp3"
+    : >"$soundFolder/commands"
+    testbedSpawn "${wineCommand[@]}" build/windows/tests/program/media_probe.exe "$(windowsPath "$soundFolder/commands")"
+    soundProcess=${testbedPids[-1]}
+    probe "open $(windowsPath "$mp3") alias AUDIO"
+    probe "play AUDIO"
+    heard "an MP3 plays to its second part" 30 soundGoesFrom 880 440
+    probe "play AUDIO from 0"
+    heard "played from 0 it begins anew" 10 soundGoesFrom 440 880
+    probe "close AUDIO"
+    probe "open $(windowsPath "$film") alias VIDEO"
+    probe "play VIDEO"
+    heard "a film sounds" 30 above 660 0.01
+    probe "set VIDEO audio all off"
+    heard "with its audio off it is silent" 10 below 660 "$soundQuiet"
+    heard "and stays so" 5 below 660 "$soundQuiet"
+    probe "set VIDEO audio all on"
+    heard "with its audio on it sounds again" 10 above 660 0.01
+    probe "close VIDEO"
+    probe "end"
+    heard "the probe ends" 10 soundProgramIsGone
+    kill "$soundProcess" 2>/dev/null || true
 }
 
 # Four steps up are 80 units more: 300 against 220, measured with the same tone.

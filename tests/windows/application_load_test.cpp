@@ -207,5 +207,15 @@ TEST(RunAtOnce, APreviewThatComesLateIsDropped) {
     EXPECT_TRUE(support::alike(stage.shown(), 0x20A040));
 }
 
+TEST(ApplicationLoad, Screen2FollowsTheProgramsState) {
+    for (const int state : {0, 1}) {
+        AppStage stage;
+        stage.state().SecondScreen = state;
+        stage.load();
+        EXPECT_EQ(stage.form().Screen2.value(), state);
+        EXPECT_EQ(stage.state().SecondScreen, state);
+    }
+}
+
 }  // namespace
 }  // namespace app

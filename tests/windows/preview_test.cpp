@@ -302,5 +302,17 @@ TEST_F(PreviewTest, MusikBeginsTheMusicAnew) {
     EXPECT_EQ(stage.application->music().musicIndex, 0);
 }
 
+// No list of the program's shows one, but a preview would take it for a video.
+TEST_F(PreviewTest, AFileEndingInJpegCountsAsAVideo) {
+    stage.picture(L"a.jpg", kRed);
+    stage.picture(L"b.jpeg", kGreen);
+    stage.loadFolder();
+    form().File1.setPattern(L"*.jpg;*.jpeg");
+    stage.control.clear();
+    choose(L"b.jpeg");
+    EXPECT_FALSE(stage.application->previewLoading());
+    EXPECT_THAT(stage.control.commands(), testing::Contains(HasSubstr(" alias VIDEO parent ")));
+}
+
 }  // namespace
 }  // namespace app

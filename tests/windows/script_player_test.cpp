@@ -60,7 +60,7 @@ class FullEntry : public ScriptPlayerTest, public testing::WithParamInterface<Ca
 
 TEST_P(FullEntry, IsApplied) {
     write(GetParam().script);
-    stage.Timer1.setInterval(5000);
+    stage.Timer1.setInterval(7000);  // no entry's pause
     stage.Timer1.setEnabled(true);
     stage.runner.effectNumber = 99;
     apply(1);
@@ -68,7 +68,7 @@ TEST_P(FullEntry, IsApplied) {
     EXPECT_EQ(stage.Timer3.enabled(), *GetParam().title != 0);
     EXPECT_EQ(stage.runner.effectNumber, GetParam().effect);
     EXPECT_TRUE(stage.Timer1.enabled());
-    EXPECT_EQ(stage.Timer1.interval(), GetParam().interval < 0 ? 5000 : GetParam().interval);
+    EXPECT_EQ(stage.Timer1.interval(), GetParam().interval < 0 ? 7000 : GetParam().interval);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "platform/code_page.h"
+#include "support/import_hook.h"
 
 namespace platform {
 namespace {
@@ -57,6 +58,33 @@ TEST_F(ShortPath, FailureIsAnEmptyPath) {
     EXPECT_EQ(shortPath(folder_ + L"\\not there.mpg"), "");
     EXPECT_EQ(shortPath(L""), "");
     EXPECT_EQ(shortPath(std::wstring(300, L'a')), "");
+}
+
+DWORD WINAPI sameName(LPCWSTR path, LPWSTR buffer, DWORD size) {
+    const auto length = static_cast<DWORD>(wcslen(path));
+    if (length < size) {
+        wcscpy(buffer, path);
+    }
+    return length < size ? length : length + 1;
+}
+
+// As on a drive where short names are switched off: the system gives the long one.
+TEST_F(ShortPath, ALongOneWithBlanksStandsInQuotes) {
+    const support::ImportHook hook("GetShortPathNameW", sameName);
+    EXPECT_EQ(shortPath(L"C:\\Meine Filme\\a b.mpg"), "\"C:\\Meine Filme\\a b.mpg\"");
+    EXPECT_EQ(shortPath(L"C:\\Filme\\a.mpg"), "C:\\Filme\\a.mpg");
+    EXPECT_EQ(shortPath(L"C:\\\u65E5\u672C.mpg"), "") << "no name that the code page holds";
+    EXPECT_EQ(storablePath(L"C:\\\u65E5\u672C"), L"C:\\\u65E5\u672C") << "nothing better";
+}
+
+TEST_F(ShortPath, LongAndStorableFormsLeadBackToTheSameFolder) {
+    make(L"\u65E5\u672C Film.mpg");
+    const std::wstring stored = storablePath(file_);
+    EXPECT_TRUE(toCodePageExactly(stored));
+    EXPECT_EQ(longPath(stored), file_);
+    EXPECT_EQ(storablePath(L"C:\\Bilder\\\u00DCbung"), L"C:\\Bilder\\\u00DCbung");
+    EXPECT_EQ(longPath(L"C:\\gibt~1\\es nicht"), L"C:\\gibt~1\\es nicht");
+    EXPECT_EQ(longPath(L""), L"");
 }
 
 }  // namespace
