@@ -93,4 +93,8 @@ bool usesScreenShape(std::wstring_view value) {
     return text::equalsIgnoringCase(text::trimmed(value), L"screen");
 }
 
+bool matchesColours(std::wstring_view value) {
+    return !text::equalsIgnoringCase(text::trimmed(value), L"off");
+}
+
 }  // namespace app

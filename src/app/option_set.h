@@ -33,6 +33,7 @@ inline constexpr OptionKey kEffectsKey{L"Effekte", L"1", 1};
 inline constexpr const wchar_t* kProgramSection = L"Prog";
 inline constexpr OptionKey kEditorKey{L"Name", L"C:\\WINDOWS\\SYSTEM32\\MSPAINT.EXE", 79};
 inline constexpr OptionKey kShapeKey{L"Shape", L"4:3", 79};
+inline constexpr OptionKey kColourKey{L"Colour", L"on", 79};
 
 /// One option set; the defaults are those of a missing file. Check boxes hold 0, 1 or 2 (greyed).
 struct OptionSet {
@@ -78,5 +79,8 @@ std::wstring withBackslash(std::wstring_view programDir);
 
 /// Whether the value of kShapeKey asks for the screen's own shape instead of 4:3.
 bool usesScreenShape(std::wstring_view value);
+
+/// Whether the value of kColourKey leaves the colours of pictures matched to the monitor: all but "off" does.
+bool matchesColours(std::wstring_view value);
 
 }  // namespace app

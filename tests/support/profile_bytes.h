@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "picture/matrix3.h"
+#include "picture/tone_curve.h"
 #include "support/exif_bytes.h"
 
 namespace support {
@@ -193,6 +194,39 @@ inline ProfileBytes displayP3() {
 /// Its exponent stands as 563 / 256.
 inline ProfileBytes adobeRgb() {
     return matrixProfile(matrixOf(kAdobePrimaries), tableCurve({563}));
+}
+
+/// The same colours as a table of them (type "mft2"): three curves of 256 entries that make light of the
+/// values, and the light's eight corners.
+inline ProfileBytes tableProfile(const picture::Matrix3& matrix, const picture::ToneCurve& curve) {
+    Bytes element = elementOf("mft2");
+    const auto append = [&element](double value) {
+        ProfileBytes::appendNumber(element, static_cast<std::uint32_t>(std::lround(value)), 2);
+    };
+    // Three channels in, three out, two corners along each.
+    for (const std::uint32_t number : {3U, 3U, 2U, 0U}) {
+        ProfileBytes::appendNumber(element, number, 1);
+    }
+    for (int i = 0; i < 9; ++i) {
+        appendFixed(element, i % 4 == 0 ? 1 : 0);
+    }
+    append(256);
+    append(2);
+    for (int i = 0; i < 3 * 256; ++i) {
+        append(65535 * curve.at(i % 256 / 255.0));
+    }
+    for (unsigned corner = 0; corner < 8; ++corner) {
+        for (const auto& row : matrix) {
+            append(32768 * (row[0] * (corner >> 2) + row[1] * (corner >> 1 & 1) + row[2] * (corner & 1)));
+        }
+    }
+    for (int channel = 0; channel < 3; ++channel) {
+        append(0);
+        append(65535);
+    }
+    ProfileBytes profile;
+    profile.set("wtpt", xyzElement(0.9642, 1, 0.8249));
+    return profile.set("A2B0", element);
 }
 
 /// One chunk of a profile as a JPEG segment: the `number`-th, counted from 1, of `count`.

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "picture/colour_conversion.h"
+#include "picture/standard_profile.h"
 #include "support/profile_bytes.h"
 
 namespace picture {
@@ -128,6 +129,17 @@ TEST(ColourConversionAgainstLittleCms, OwnProfiles) {
             expectAlike(from, to);
         }
     }
+}
+
+TEST(ColourConversionAgainstLittleCms, StandardProfileIsAccepted) {
+    const Bytes bytes = standardProfileBytes();
+    const Opened profile = open(bytes);
+    ASSERT_TRUE(profile);
+    std::array<char, 16> name{};
+    cmsGetProfileInfoASCII(profile.get(), cmsInfoDescription, "en", "US", name.data(), name.size());
+    EXPECT_STREQ(name.data(), "sRGB");
+    expectAlike(support::displayP3().bytes(), bytes);
+    expectAlike(bytes, support::displayP3().bytes());
 }
 
 TEST(ColourConversionAgainstLittleCms, EveryFormula) {
