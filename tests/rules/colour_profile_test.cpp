@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numeric>
 
 #include "support/profile_bytes.h"
 
@@ -61,6 +62,8 @@ TEST(ToneCurve, ReadsFormulas) {
         {4, {2, 0.5, 0.25, 0.25, 0.4, 0.1, 0.05}, 0.5, 0.35},
         {4, {2, 0.5, 0.25, 0.25, 0.4, 0.1, 0.05}, 0.2, 0.1},
         {4, {1, 2, 0, 2, 0.1, 0, 0}, 0.9, 1},
+        // A power of what lies below 0 counts as 0.
+        {3, {2.2, 1.25, -0.25, 0, 0.1}, 0.15, 0},
     };
     for (const Case& c : cases) {
         const auto curve = readToneCurve(formulaCurve(c.formula, c.parameters));
@@ -83,6 +86,7 @@ TEST(ToneCurve, RefusesWhatHasNoWayBack) {
         {"formula's exponent 0", formulaCurve(0, {0})},
         {"falling formula", formulaCurve(0, {-2})},
         {"formula without slope", formulaCurve(1, {2, 0, 0.5})},
+        {"formula with a falling slope", formulaCurve(1, {-1, -1, 0.5})},
         {"formula with a step down", formulaCurve(4, {1, 1, 0, 1.5, 0.5, 0, 0})},
     };
     for (const auto& [name, element] : cases) {
@@ -107,6 +111,11 @@ TEST(ToneCurve, RefusesDamage) {
     }
     EXPECT_FALSE(readToneCurve(formulaCurve(5, {1, 1, 0, 0, 0, 0, 0})));
     EXPECT_FALSE(readToneCurve(support::xyzElement(1, 1, 1)));
+    std::vector<std::uint16_t> longest(65536);
+    std::iota(longest.begin(), longest.end(), std::uint16_t{0});
+    EXPECT_TRUE(readToneCurve(tableCurve(longest)));
+    longest.push_back(65535);
+    EXPECT_FALSE(readToneCurve(tableCurve(longest)));
     Bytes endless = tableCurve({0, 65535});
     ProfileBytes::putNumber(endless, 8, 0xFFFFFFFF, 4);
     EXPECT_FALSE(readToneCurve(endless));
@@ -193,6 +202,7 @@ TEST(ColourProfile, RefusesEveryTruncation) {
         if (size >= 4 && size < whole.size() - 3) {
             ProfileBytes::putNumber(part, 0, static_cast<std::uint32_t>(size), 4);
             ASSERT_FALSE(readColourProfile(part)) << size;
+            ASSERT_EQ(describesRgb(part), size >= 132) << size << ": the header and the count of elements";
         }
     }
 }

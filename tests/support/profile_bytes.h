@@ -229,6 +229,12 @@ inline ProfileBytes tableProfile(const picture::Matrix3& matrix, const picture::
     return profile.set("A2B0", element);
 }
 
+inline ProfileBytes adobeRgbAsTables() {
+    picture::ToneCurve curve;
+    curve.gamma = 563 / 256.0;
+    return tableProfile(matrixOf(kAdobePrimaries), curve);
+}
+
 /// One chunk of a profile as a JPEG segment: the `number`-th, counted from 1, of `count`.
 inline Bytes profileChunk(const Bytes& part, unsigned number, unsigned count) {
     Bytes payload;

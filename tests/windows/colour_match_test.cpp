@@ -25,9 +25,8 @@ Placement all(const Pixels& pixels) {
     return {0, 0, pixels.width, pixels.height};
 }
 
-Bytes tablesOfP3() {
-    const ColourProfile p3 = readColourProfile(support::displayP3().bytes()).value();
-    return support::tableProfile(p3.toXyz, p3.curves[0]).bytes();
+Bytes tables() {
+    return support::adobeRgbAsTables().bytes();
 }
 
 Bytes damagedTables() {
@@ -53,7 +52,7 @@ TEST(ColourMatching, ChoosesTheRoad) {
         {"tagged as sRGB", support::standardRgb().bytes(), {}, Road::None},
         {"tagged as sRGB otherwise", standardProfileBytes(), support::standardRgb().bytes(), Road::None},
         {"the monitor's own", p3, p3, Road::None},
-        {"the monitor's own, of tables", tablesOfP3(), tablesOfP3(), Road::None},
+        {"the monitor's own, of tables", tables(), tables(), Road::None},
         {"wide picture", p3, {}, Road::Rule},
         {"wide monitor", {}, p3, Road::Rule},
         {"both wide", adobe, p3, Road::Rule},
@@ -61,8 +60,8 @@ TEST(ColourMatching, ChoosesTheRoad) {
         {"CMYK profile on a wide monitor", cmyk, p3, Road::Rule},
         {"incomplete profile", cut, {}, Road::None},
         {"monitor with a grey profile", p3, grey, Road::Rule},
-        {"tables", tablesOfP3(), {}, Road::System},
-        {"tables on a wide monitor", tablesOfP3(), adobe, Road::System},
+        {"tables", tables(), {}, Road::System},
+        {"tables on a wide monitor", tables(), p3, Road::System},
         {"damaged tables", damagedTables(), {}, Road::None},
     };
     for (const Case& c : cases) {
@@ -87,8 +86,8 @@ TEST(ColourMatching, RuleAndSystemAgree) {
     ColourMatch match;
     Pixels rule = colourGrid();
     Pixels system = colourGrid();
-    ASSERT_EQ(match.convert(rule, all(rule), support::displayP3().bytes(), {}), Road::Rule);
-    ASSERT_EQ(match.convert(system, all(system), tablesOfP3(), {}), Road::System);
+    ASSERT_EQ(match.convert(rule, all(rule), support::adobeRgb().bytes(), {}), Road::Rule);
+    ASSERT_EQ(match.convert(system, all(system), tables(), {}), Road::System);
     EXPECT_LE(colourDistance(rule, system), 3);
 }
 
@@ -127,8 +126,7 @@ TEST(ColourMatching, KeepsTheLastPairs) {
 
 TEST(ColourMatching, SeveralThreads) {
     ColourMatch match;
-    const std::vector<Bytes> profiles = {support::displayP3().bytes(), support::adobeRgb().bytes(),
-                                         tablesOfP3()};
+    const std::vector<Bytes> profiles = {support::displayP3().bytes(), support::adobeRgb().bytes(), tables()};
     std::vector<Pixels> expected;
     for (const Bytes& profile : profiles) {
         expected.push_back(colourGrid());
