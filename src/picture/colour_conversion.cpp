@@ -71,7 +71,6 @@ std::vector<std::uint8_t> levelsOf(const ToneCurve& curve) {
         levels.push_back(static_cast<std::uint8_t>(std::lround(value * 255)));
     }
     // Full light is the last level, even where a curve reaches it earlier or not at all.
-    levels.front() = 0;
     levels.back() = 255;
     return levels;
 }

@@ -125,6 +125,16 @@ TEST(ColourConversion, WhiteOfAnotherTintIsConvertedToo) {
     EXPECT_LE(furthest(converted(conversion, 0xFFFFFF), 0xFFFFE7), 1);
 }
 
+TEST(ColourConversion, MoreLightThanTheDeviceHasIsItsLastLevel) {
+    const Matrix3 matrix = support::matrixOf(support::kStandardPrimaries);
+    const ColourConversion conversion = between(
+        standardProfile(), read(support::matrixProfile(matrix, support::tableCurve({0, 30000, 60000}))));
+    for (std::uint32_t level = 0xF6; level <= 0xFF; ++level) {
+        EXPECT_EQ(converted(conversion, grey(level)), 0xFFFFFFU) << level;
+    }
+    EXPECT_LT(converted(conversion, grey(0xF2)), 0xFFFFFFU);
+}
+
 TEST(ColourConversion, RefusesDevicesWithoutColours) {
     ColourProfile grey = standardProfile();
     for (auto& row : grey.toXyz) {

@@ -183,7 +183,8 @@ TEST(ColourProfile, RefusesOtherKinds) {
         {"nothing in it", ProfileBytes(), true},
         {"without a way back", support::matrixProfile({}, support::standardCurve()), true},
         {"one curve falls", withMatrix(ProfileBytes()).set("gTRC", tableCurve({65535, 0})), true},
-        {"matrix of another type", withMatrix(ProfileBytes()).set("rXYZ", tableCurve({0, 1, 2})), true},
+        {"matrix of another type",
+         withMatrix(ProfileBytes()).set("rXYZ", tableCurve(std::vector<std::uint16_t>(100))), true},
     };
     for (const Case& c : cases) {
         EXPECT_FALSE(readColourProfile(c.profile.bytes())) << c.name;
@@ -202,6 +203,8 @@ TEST(ColourProfile, RefusesEveryTruncation) {
         if (size >= 4 && size < whole.size() - 3) {
             ProfileBytes::putNumber(part, 0, static_cast<std::uint32_t>(size), 4);
             ASSERT_FALSE(readColourProfile(part)) << size;
+            part.insert(part.end(), whole.begin() + static_cast<std::ptrdiff_t>(size), whole.end());
+            ASSERT_FALSE(readColourProfile(part)) << size << ": elements behind the end";
             ASSERT_EQ(describesRgb(part), size >= 132) << size << ": the header and the count of elements";
         }
     }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "picture/colour_conversion.h"
 #include "picture/standard_profile.h"
 #include "support/colours.h"
@@ -113,6 +115,24 @@ TEST(SystemColourTransform, FailureLeavesThePictureAsItIs) {
     EXPECT_FALSE(transform->convert(pixels, all(pixels)));
     EXPECT_EQ(translations, 2);
     EXPECT_EQ(pixels.data, colourGrid().data);
+}
+
+WINBOOL WINAPI fillUnusedByte(HTRANSFORM, PVOID, BMFORMAT, DWORD width, DWORD height, DWORD, PVOID to,
+                              BMFORMAT, DWORD, PBMCALLBACKFN, LPARAM) {
+    std::fill_n(static_cast<std::uint32_t*>(to), width * height, 0x55123456U);
+    return TRUE;
+}
+
+TEST(SystemColourTransform, TheUnusedByteBecomesZero) {
+    ASSERT_TRUE(ColourSystem::load());
+    ColourSystem filling = *ColourSystem::load();
+    filling.translate = fillUnusedByte;
+    const Bytes standard = standardProfileBytes();
+    const auto transform = SystemColourTransform::create(standard, standard, &filling);
+    ASSERT_TRUE(transform);
+    Pixels pixels = colourGrid();
+    ASSERT_TRUE(transform->convert(pixels, all(pixels)));
+    EXPECT_EQ(pixels.data, std::vector<std::uint32_t>(pixels.data.size(), 0x123456));
 }
 
 }  // namespace

@@ -56,8 +56,8 @@ std::array<double, 3> channelsOf(std::uint32_t pixel) {
     return {(pixel >> 16 & 0xFF) / 255.0, (pixel >> 8 & 0xFF) / 255.0, (pixel & 0xFF) / 255.0};
 }
 
-/// No colour lies more than two levels beside the exact result; half a level is rounding.
-void expectAlike(const Bytes& from, const Bytes& to) {
+/// No colour lies more than `levels` beside the exact result; half a level is rounding.
+void expectAlike(const Bytes& from, const Bytes& to, double levels = 2) {
     const Opened picture = open(from);
     const Opened device = open(to);
     const auto ourPicture = readColourProfile(from);
@@ -91,7 +91,7 @@ void expectAlike(const Bytes& from, const Bytes& to) {
             }
         }
     }
-    EXPECT_LE(most, 2) << "at " << std::hex << worst;
+    EXPECT_LE(most, levels) << "at " << std::hex << worst;
 }
 
 constexpr const char* kFolder = "/usr/share/color/icc/";
@@ -101,9 +101,10 @@ class InstalledProfile : public testing::TestWithParam<const char*> {};
 TEST_P(InstalledProfile, IsConvertedAlike) {
     const Bytes profile = fileBytes(kFolder + std::string(GetParam()));
     ASSERT_FALSE(profile.empty()) << kFolder << GetParam() << " is missing; tools/install brings it";
-    expectAlike(profile, support::standardRgb().bytes());
+    // The curve of these two is nowhere so steep that light in whole numbers would show.
+    expectAlike(profile, support::standardRgb().bytes(), 0.75);
+    expectAlike(profile, support::displayP3().bytes(), 0.75);
     expectAlike(support::standardRgb().bytes(), profile);
-    expectAlike(profile, support::displayP3().bytes());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -123,7 +124,11 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(ColourConversionAgainstLittleCms, OwnProfiles) {
     const Bytes profiles[] = {support::standardRgb().bytes(), support::displayP3().bytes(),
-                              support::adobeRgb().bytes()};
+                              support::adobeRgb().bytes(),
+                              support::displayP3()
+                                  .set("gTRC", support::powerCurve(1.8))
+                                  .set("bTRC", support::tableCurve({0, 4000, 15000, 35000, 65535}))
+                                  .bytes()};
     for (const Bytes& from : profiles) {
         for (const Bytes& to : profiles) {
             expectAlike(from, to);
