@@ -102,10 +102,12 @@ ColourProfile makeStandardProfile() {
 /// Whether `b` lies within what `a` gives half a level below and above.
 bool sameCurve(const ToneCurve& a, const ToneCurve& b) {
     constexpr double kHalfLevel = 0.5 / 255;
+    // Where a curve is flat, half a level makes no difference, and rounding is all there is.
+    constexpr double kRounding = 1.0 / 65535;
     for (int level = 0; level < 256; ++level) {
         const double value = level / 255.0;
         const double light = b.at(value);
-        if (light < a.at(value - kHalfLevel) || light > a.at(value + kHalfLevel)) {
+        if (light < a.at(value - kHalfLevel) - kRounding || light > a.at(value + kHalfLevel) + kRounding) {
             return false;
         }
     }

@@ -256,6 +256,8 @@ TEST(ColourProfile, TellsProfilesOfOneSpaceFromOthers) {
         read(support::adobeRgb()),
         read(support::matrixProfile(matrix, support::powerCurve(2.2))),
         read(support::standardRgb().set("bTRC", support::powerCurve(2.2))),
+        // Flat in the middle but for a rounding.
+        read(support::matrixProfile(matrix, tableCurve({0, 36212, 36212, 36211, 65535}))),
     };
     for (const ColourProfile& other : others) {
         EXPECT_FALSE(sameEffect(other, standardProfile()));
