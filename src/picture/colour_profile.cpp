@@ -130,8 +130,8 @@ bool nearIdentity(const Matrix3& matrix) {
 
 bool describesRgb(Bytes profile) {
     const auto size = bigEndian(profile, 0, 4);
-    const auto version = bigEndian(profile, 8, 1);
-    if (!size || *size < kTableStart || *size > profile.size() || (version != 2U && version != 4U)) {
+    const std::uint32_t version = bigEndian(profile, 8, 1).value_or(0);
+    if (!size || *size < kTableStart || *size > profile.size() || (version != 2 && version != 4)) {
         return false;
     }
     return isOneOf(bigEndian(profile, 12, 4), {"mntr", "scnr", "prtr", "spac"}) &&
