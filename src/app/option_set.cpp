@@ -89,4 +89,8 @@ bool usesScreenShape(std::wstring_view value) {
     return text::trimmed(value) != L"4:3";
 }
 
+bool matchesColours(std::wstring_view value) {
+    return !text::equalsIgnoringCase(text::trimmed(value), L"off");
+}
+
 }  // namespace app

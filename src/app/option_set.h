@@ -36,6 +36,7 @@ inline constexpr const wchar_t* kSaveTip = L"Einstellungen speichern";
 inline constexpr const wchar_t* kProgramSection = L"Prog";
 inline constexpr OptionKey kEditorKey{L"Name", L"C:\\WINDOWS\\SYSTEM32\\MSPAINT.EXE", 79};
 inline constexpr OptionKey kShapeKey{L"Shape", L"screen", 79};
+inline constexpr OptionKey kColourKey{L"Colour", L"on", 79};
 
 /// One option set; the defaults are those of a missing file. Check boxes hold 0, 1 or 2 (greyed).
 struct OptionSet {
@@ -82,5 +83,8 @@ std::wstring withBackslash(std::wstring_view programDir);
 
 /// Whether the value of kShapeKey asks for the screen's own shape: every value does but "4:3".
 bool usesScreenShape(std::wstring_view value);
+
+/// Whether the value of kColourKey leaves the colours of pictures matched to the monitor: all but "off" does.
+bool matchesColours(std::wstring_view value);
 
 }  // namespace app

@@ -48,6 +48,17 @@ bool exchangesSides(Orientation orientation) {
     return stepsOf(orientation).exchange;
 }
 
+Placement visiblePart(const Placement& placement, const Pixels& surface) {
+    const int left = std::max(0, placement.left);
+    const int top = std::max(0, placement.top);
+    const int right = std::min(surface.width, placement.left + placement.width);
+    const int bottom = std::min(surface.height, placement.top + placement.height);
+    if (left >= right || top >= bottom) {
+        return {};
+    }
+    return {left, top, right - left, bottom - top};
+}
+
 StoredPart storedPart(Orientation orientation, const Placement& placement, Pixels& surface) {
     const Steps steps = stepsOf(orientation);
     StoredPart part;

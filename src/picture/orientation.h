@@ -36,6 +36,9 @@ struct Placement {
     friend bool operator==(const Placement&, const Placement&) = default;
 };
 
+/// The part of `placement` that lies on `surface`; empty (width and height 0) when none does.
+Placement visiblePart(const Placement& placement, const Pixels& surface);
+
 /// Pixels addressed by two steps, so that a picture can be written turned or mirrored at no extra cost:
 /// pixel (x, y) is origin[x * xStep + y * yStep].
 struct PixelView {

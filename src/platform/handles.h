@@ -22,6 +22,8 @@ enum class HandleKind {
     FindHandle,
     Object,
     Menu,
+    ColourProfile,
+    ColourTransform,
     Count
 };
 

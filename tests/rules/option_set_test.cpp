@@ -163,5 +163,14 @@ TEST(OptionSet, ShapeKey) {
     EXPECT_FALSE(usesScreenShape(L" 4:3 "));
 }
 
+TEST(OptionSet, ColourKey) {
+    EXPECT_TRUE(matchesColours(kColourKey.fallback));
+    EXPECT_TRUE(matchesColours(L"on"));
+    EXPECT_TRUE(matchesColours(L""));
+    EXPECT_TRUE(matchesColours(L"offen"));
+    EXPECT_FALSE(matchesColours(L"off"));
+    EXPECT_FALSE(matchesColours(L" Off "));
+}
+
 }  // namespace
 }  // namespace app

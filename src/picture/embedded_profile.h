@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace picture {
+
+/// Larger profiles are not read: those of monitors and cameras have a few KB, those of printers a few MB.
+inline constexpr std::size_t kMostProfileBytes = std::size_t{4} << 20;
+
+/// The ICC profile that a JPEG file carries, put together from its chunks, which may stand in any order
+/// (ICC.1:2022, annex B.4). None where there is none, where a chunk is missing, doubled or at odds with the
+/// others about their number, and where there are more than kMostProfileBytes. What the bytes say is not
+/// looked at.
+std::optional<std::vector<std::uint8_t>> readEmbeddedProfile(std::span<const std::uint8_t> file);
+
+}  // namespace picture
