@@ -85,7 +85,7 @@ TEST(HarnessPictures, TheFittedPictureLiesWhereTheFitRulePutsIt) {
     EXPECT_EQ(upright.row(400)[800], 0U);
     EXPECT_TRUE(similar(upright.row(60)[512], groundColour(3)));
     const picture::Pixels wide = drawFitted({3, 6000, 4000}, 1920, 1080);
-    EXPECT_TRUE(similar(wide.row(0)[960], groundColour(3)));
+    EXPECT_NE(wide.row(0)[960], 0U);
     EXPECT_EQ(wide.row(540)[149], 0U);
     EXPECT_NE(wide.row(540)[150], 0U);
 }
