@@ -11,6 +11,10 @@ build() {
     shift
     local targets=()
     [ $# -eq 0 ] || targets=(--target "$@")
+    # The configuration makes the library as well, but only when it runs, and its output is dropped.
+    case $preset in
+    windows*) tools/jpeg-library "$preset" || return ;;
+    esac
     [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" >/dev/null || return
     cmake --build --preset "$preset" "${targets[@]}"
 }
