@@ -205,15 +205,14 @@ std::uint64_t JpegLibrary::memory() const {
     return bytes;
 }
 
-bool JpegLibrary::start() {
+void JpegLibrary::start() {
     State& state = *state_;
     if (!state.usable) {
-        return false;
+        return;
     }
     state.info.buffered_image = jpeg_has_multiple_scans(&state.info);
     state.usable = attempt(state, [](j_decompress_ptr info) { jpeg_start_decompress(info); }) &&
                    (!state.info.buffered_image || readScans());
-    return state.usable;
 }
 
 int JpegLibrary::mostScans(std::uint64_t pixels) {

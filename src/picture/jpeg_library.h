@@ -42,7 +42,8 @@ class JpegLibrary {
     std::uint64_t memory() const;
 
     /// Starts the decoding; a picture in several scans is decoded but for its last step, as far as it goes.
-    bool start();
+    /// When that fails there are no rows.
+    void start();
 
     /// Reads up to `count` (at least 1) of the next rows, one to each pointer. Returns how many were read, at
     /// least one; 0 when no more can be read.

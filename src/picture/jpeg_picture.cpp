@@ -108,14 +108,14 @@ int JpegPicture::readRows(int x, int width, int rows, std::uint8_t* target, std:
 
 /// The next rows of the library that hold something.
 int JpegPicture::decodeRows(std::uint8_t** lines, int count) {
-    if (!started_ && !library_.start()) {
-        throw JpegError("a JPEG picture that does not begin");
+    if (!started_) {
+        started_ = true;
+        library_.start();
     }
     const int decoded = library_.readRows(lines, count);
     if (decoded == 0 && nextRow_ == 0) {
         throw JpegError("a JPEG picture without a row");
     }
-    started_ = true;
     const int present = std::clamp(library_.firstMissingRow() - nextRow_, 0, decoded);
     nextRow_ += present;
     ended_ = present == 0;
