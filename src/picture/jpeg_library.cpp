@@ -108,6 +108,30 @@ bool attempt(Callbacks& callbacks, Step step) {
     return true;
 }
 
+/// What a second frame header in a file overwrites before the library refuses it.
+struct Frame {
+    explicit Frame(const jpeg_decompress_struct& info)
+        : width(info.image_width),
+          height(info.image_height),
+          components(info.num_components),
+          precision(info.data_precision),
+          progressive(info.progressive_mode),
+          arithmetic(info.arith_code) {}
+
+    void restore(jpeg_decompress_struct& info) const {
+        info.image_width = width;
+        info.image_height = height;
+        info.num_components = components;
+        info.data_precision = precision;
+        info.progressive_mode = progressive;
+        info.arith_code = arithmetic;
+    }
+
+    JDIMENSION width, height;
+    int components, precision;
+    boolean progressive, arithmetic;
+};
+
 std::uint64_t roundedUp(JDIMENSION count, int multiple) {
     const auto size = static_cast<std::uint64_t>(multiple);
     return (count + size - 1) / size * size;
@@ -223,6 +247,7 @@ int JpegLibrary::mostScans(std::uint64_t pixels) {
 
 bool JpegLibrary::readScans() {
     State& state = *state_;
+    const Frame frame(state.info);
     const int most =
         mostScans(std::uint64_t{state.info.image_width} * std::uint64_t{state.info.image_height});
     const bool orderly = attempt(state, [most](j_decompress_ptr info) {
@@ -234,6 +259,7 @@ bool JpegLibrary::readScans() {
     });
     if (!orderly || !jpeg_input_complete(&state.info)) {
         // What comes behind the damage or the limit is not read, so the picture ends there.
+        frame.restore(state.info);
         state.info.unread_marker = JPEG_EOI;
         readEndNext(state.source);
     }

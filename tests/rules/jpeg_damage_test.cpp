@@ -181,6 +181,17 @@ TEST(DamagedJpeg, UnreadableScanLeavesThoseBeforeIt) {
     EXPECT_GE(before, 30);
 }
 
+/// A second frame between the scans, of another size and with more components.
+TEST(DamagedJpeg, SecondFrameLeavesTheFirst) {
+    const Bytes file = writeJpeg(kWidth, kHeight, {.progressive = true}, light);
+    const std::size_t second = support::findMarker(file, 0xDA, support::findMarker(file, 0xDA) + 2);
+    Bytes damaged = cut(file, second);
+    const Bytes frame = support::jpegSegment(0xC1, {8, 0x40, 0, 0x50, 0, 200, 1, 0x11, 0});
+    damaged.insert(damaged.end(), frame.begin(), frame.end());
+    damaged.insert(damaged.end(), file.begin() + static_cast<std::ptrdiff_t>(second), file.end());
+    EXPECT_TRUE(decoded(damaged) == decoded(cut(file, second)));
+}
+
 TEST(DamagedJpeg, FileWithoutAPictureIsAnError) {
     const Bytes file = writeJpeg(kWidth, kHeight, {}, light);
     const std::size_t data = support::findMarker(file, 0xDA) + 14;
