@@ -18,7 +18,8 @@ namespace {
 constexpr int kEighths = 8;
 constexpr JOCTET kEndOfImage[] = {0xFF, JPEG_EOI};
 
-/// What the library calls while it works. It may jump out of these, so they own nothing.
+/// The library's objects for one file, and what the functions that it calls note beside them. It may jump
+/// past those functions, so they own nothing.
 struct Callbacks {
     jpeg_decompress_struct info;
     jpeg_error_mgr errors;
