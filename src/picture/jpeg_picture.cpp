@@ -12,9 +12,9 @@ namespace {
 // A picture at a half, a quarter or an eighth of its size is the exact mean of 2 x 2, 4 x 4 or 8 x 8 pixels.
 // Scaled to a size that cuts through these, it is not quite the mean of the whole picture: where the scaler
 // still reduces it by 1.5, photographs with a camera's grain come within 49 dB of that, sharpened ones within
-// 34 dB; at 2 within 54 and 37 dB. Lines of one pixel in full contrast come within 20 dB only and leave other
+// 34 dB; at 2 within 53 and 37 dB. Lines of one pixel in full contrast come within 15 dB only and leave other
 // traces. Those are drawn, not photographed: a picture up to the size of a large screen is decoded whole.
-// Other eighths are neither means nor faster than the whole size.
+// Other eighths are neither means nor faster; docs/benchmarks.md has the figures.
 constexpr std::uint64_t kLargestScreen = std::uint64_t{3840} * 2160;
 constexpr int kEighthsThatAreMeans[] = {1, 2, 4, 8};
 
