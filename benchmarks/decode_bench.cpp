@@ -5,9 +5,8 @@
 #include "bench_main.h"
 #include "photographs.h"
 #include "picture/area_average.h"
+#include "picture/jpeg_picture.h"
 #include "picture/picture_decoder.h"
-#include "picture/wic_picture.h"
-#include "platform/com.h"
 #include "platform/file_bytes.h"
 #include "show/fit_rule.h"
 #include "support/picture_writer.h"
@@ -27,7 +26,6 @@ Placement fitted(int width, int height, int surfaceWidth, int surfaceHeight) {
 }
 
 double decode(const std::wstring& path) {
-    const platform::ComApartment apartment;
     return milliseconds([&] {
         picture::decodeOntoSurface(path, kScreenWidth, kScreenHeight, [](int width, int height) {
             return fitted(width, height, kScreenWidth, kScreenHeight);
@@ -35,12 +33,11 @@ double decode(const std::wstring& path) {
     });
 }
 
-/// The part of decoding that is Windows' own: every row is taken once and thrown away.
+/// The library's part of decoding: every row of the whole picture is taken once and thrown away.
 double takeRows(const std::wstring& path) {
-    const platform::ComApartment apartment;
     return milliseconds([&] {
-        std::vector<std::uint8_t> bytes = platform::readFileBytes(path, std::size_t{1} << 30);
-        picture::WicPicture picture(bytes);
+        const std::vector<std::uint8_t> bytes = platform::readFileBytes(path, std::size_t{1} << 30);
+        picture::JpegPicture picture(bytes);
         constexpr int kBand = 16;
         const std::size_t stride = static_cast<std::size_t>(picture.width()) * 3;
         std::vector<std::uint8_t> band(stride * kBand);

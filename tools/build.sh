@@ -11,6 +11,10 @@ build() {
     shift
     local targets=()
     [ $# -eq 0 ] || targets=(--target "$@")
+    # The configuration makes the library as well, but only when it runs, and its output is dropped.
+    if [[ $preset = windows* ]] && ! grep -qs '^JPEG_ROOT:PATH=.' "build/$preset/CMakeCache.txt"; then
+        tools/jpeg-library "$preset" || return
+    fi
     [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" >/dev/null || return
     cmake --build --preset "$preset" "${targets[@]}"
 }

@@ -189,22 +189,22 @@ ExifInfo readBlock(const Block& block) {
 
 }  // namespace
 
-ExifInfo readExif(std::span<const std::uint8_t> file) {
-    JpegSegments segments(file);
-    while (const auto segment = segments.next()) {
-        const auto payload = file.subspan(segment->offset, segment->length);
-        if (segment->marker != kApp1 || payload.size() < kSignature.size() ||
-            !std::equal(kSignature.begin(), kSignature.end(), payload.begin(),
-                        [](char a, std::uint8_t b) { return static_cast<std::uint8_t>(a) == b; })) {
-            continue;
-        }
-        ExifInfo info = readBlock(Block(payload.subspan(kSignature.size())));
-        if (info.thumbnail) {
-            info.thumbnail->offset += segment->offset + kSignature.size();
-        }
-        return info;
+std::optional<ExifInfo> readExifSegment(std::span<const std::uint8_t> file, const JpegSegment& segment) {
+    const auto payload = file.subspan(segment.offset, segment.length);
+    if (segment.marker != kApp1 || payload.size() < kSignature.size() ||
+        !std::equal(kSignature.begin(), kSignature.end(), payload.begin(),
+                    [](char a, std::uint8_t b) { return static_cast<std::uint8_t>(a) == b; })) {
+        return std::nullopt;
     }
-    return {};
+    ExifInfo info = readBlock(Block(payload.subspan(kSignature.size())));
+    if (info.thumbnail) {
+        info.thumbnail->offset += segment.offset + kSignature.size();
+    }
+    return info;
+}
+
+ExifInfo readExif(std::span<const std::uint8_t> file) {
+    return readJpegHead(file).exif;
 }
 
 }  // namespace picture

@@ -9,6 +9,8 @@
 
 namespace picture {
 
+struct JpegSegment;
+
 /// A moment by the camera's clock; every member is within its calendar range.
 struct ExifDate {
     int year = 0;
@@ -37,8 +39,11 @@ struct ExifInfo {
     std::optional<ExifDate> date;
 };
 
-/// Reads the EXIF block of a JPEG file, in either byte order. A file without one, and whatever in it is
-/// damaged, illegal or missing, gives the defaults; no input fails.
+/// Reads the EXIF block in one segment of a JPEG file, in either byte order. None when the segment is another
+/// one; whatever in it is damaged, illegal or missing has the defaults.
+std::optional<ExifInfo> readExifSegment(std::span<const std::uint8_t> file, const JpegSegment& segment);
+
+/// The first EXIF block of a JPEG file. A file without one gives the defaults; no input fails.
 ExifInfo readExif(std::span<const std::uint8_t> file);
 
 }  // namespace picture

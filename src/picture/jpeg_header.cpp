@@ -23,6 +23,21 @@ int bigEndian16(std::span<const std::uint8_t> bytes, std::size_t offset) {
     return bytes[offset] << 8 | bytes[offset + 1];
 }
 
+std::optional<JpegHeader> readFrame(std::span<const std::uint8_t> file, const JpegSegment& segment) {
+    JpegHeader header;
+    header.height = bigEndian16(file, segment.offset + 1);
+    header.width = bigEndian16(file, segment.offset + 3);
+    header.components = file[segment.offset + 5];
+    header.progressive = (segment.marker & 3) == 2;
+    return header.width > 0 && header.height > 0 ? std::optional(header) : std::nullopt;
+}
+
+/// How much of what follows the start of the scan is picture data.
+std::size_t dataLength(std::span<const std::uint8_t> rest) {
+    const bool ended = rest.size() >= 2 && rest[0] == 0xFF && rest[1] == kEndOfImage;
+    return ended ? 0 : rest.size();
+}
+
 }  // namespace
 
 JpegSegments::JpegSegments(std::span<const std::uint8_t> file) : file_(file) {
@@ -63,29 +78,30 @@ std::optional<JpegSegment> JpegSegments::next() {
     return std::nullopt;
 }
 
-std::optional<JpegHeader> readJpegHeader(std::span<const std::uint8_t> file) {
-    std::optional<JpegHeader> header;
+JpegHead readJpegHead(std::span<const std::uint8_t> file) {
+    JpegHead head;
+    bool framed = false;
+    bool noted = false;
     JpegSegments segments(file);
     while (const auto segment = segments.next()) {
         if (segment->marker == kStartOfScan) {
-            if (header) {
-                const auto data = file.subspan(segment->offset + segment->length);
-                const bool ended = data.size() >= 2 && data[0] == 0xFF && data[1] == kEndOfImage;
-                header->dataLength = ended ? 0 : data.size();
+            if (head.header) {
+                head.header->dataLength = dataLength(file.subspan(segment->offset + segment->length));
             }
-        } else if (startsFrame(segment->marker) && segment->length >= 6 && !header) {
-            JpegHeader found;
-            found.height = bigEndian16(file, segment->offset + 1);
-            found.width = bigEndian16(file, segment->offset + 3);
-            found.components = file[segment->offset + 5];
-            found.progressive = (segment->marker & 3) == 2;
-            if (found.width == 0 || found.height == 0) {
-                return std::nullopt;
-            }
-            header = found;
+        } else if (startsFrame(segment->marker) && segment->length >= 6 && !framed) {
+            framed = true;
+            head.header = readFrame(file, *segment);
+        } else if (!noted) {
+            const auto exif = readExifSegment(file, *segment);
+            noted = exif.has_value();
+            head.exif = exif.value_or(ExifInfo{});
         }
     }
-    return header;
+    return head;
+}
+
+std::optional<JpegHeader> readJpegHeader(std::span<const std::uint8_t> file) {
+    return readJpegHead(file).header;
 }
 
 }  // namespace picture

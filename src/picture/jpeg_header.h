@@ -5,6 +5,8 @@
 #include <optional>
 #include <span>
 
+#include "picture/exif.h"
+
 namespace picture {
 
 /// One marker segment of a JPEG file.
@@ -39,7 +41,15 @@ struct JpegHeader {
     std::size_t dataLength = 0;
 };
 
-/// None when `file` is no JPEG or ends before the picture's size is told.
+/// What stands in a JPEG file before its picture data, read in one pass.
+struct JpegHead {
+    std::optional<JpegHeader>
+        header;     ///< none when the file is no JPEG or ends before the picture's size is told
+    ExifInfo exif;  ///< of the first EXIF block
+};
+JpegHead readJpegHead(std::span<const std::uint8_t> file);
+
+/// The header alone.
 std::optional<JpegHeader> readJpegHeader(std::span<const std::uint8_t> file);
 
 }  // namespace picture

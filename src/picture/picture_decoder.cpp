@@ -7,12 +7,14 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <span>
 #include <thread>
 #include <utility>
 
 #include "picture/area_average.h"
 #include "picture/jpeg_header.h"
+#include "picture/jpeg_picture.h"
 #include "picture/picture_size.h"
 #include "picture/wic_picture.h"
 #include "platform/com.h"
@@ -27,9 +29,6 @@ constexpr std::uint64_t kBudgetBytes = 250'000'000;
 /// How many times the target size a picture is that Windows has reduced: the last halving is always the
 /// scaler's, since Windows leaves a fine pattern other traces than the mean would.
 constexpr int kReducedAtLeast = 2;
-/// Larger pictures are refused: a few damaged bytes can ask for more memory than there is.
-constexpr std::uint64_t kMostPixels = 500'000'000;
-
 /// The surface for a picture and the picture's place on it.
 struct Layout {
     int surfaceWidth = 0;
@@ -42,28 +41,45 @@ using LayoutRule = std::function<Layout(int pictureWidth, int pictureHeight)>;
     throw platform::Error("decoding a picture", static_cast<unsigned long>(code));
 }
 
-/// Refuses what the decoder would make a grey or an enormous picture of.
-void checkBytes(std::span<const std::uint8_t> bytes) {
-    const auto size = readPictureSize(bytes);
-    if (size && decodeBytes(size->width, size->height) / kBytesPerPixel > kMostPixels) {
+/// What the beginning of a file tells.
+struct Head {
+    bool isJpeg = false;
+    std::optional<PictureSize> size;
+    bool empty = false;  ///< a JPEG without picture data
+    ExifInfo exif;
+};
+
+Head readHead(std::span<const std::uint8_t> bytes) {
+    Head head;
+    head.isJpeg = bytes.size() >= 3 && bytes[0] == 0xFF && bytes[1] == 0xD8 && bytes[2] == 0xFF;
+    if (!head.isJpeg) {
+        head.size = readPictureSize(bytes);
+        return head;
+    }
+    const JpegHead jpeg = readJpegHead(bytes);
+    if (jpeg.header) {
+        head.size = PictureSize{jpeg.header->width, jpeg.header->height};
+        head.empty = jpeg.header->dataLength == 0;
+    }
+    head.exif = jpeg.exif;
+    return head;
+}
+
+/// Refuses what a decoder would make a grey or an enormous picture of.
+void check(const Head& head) {
+    if (head.size && decodeBytes(head.size->width, head.size->height) / kBytesPerPixel > kMostPixels) {
         failAs(WINCODEC_ERR_IMAGESIZEOUTOFRANGE);
     }
-    const auto jpeg = readJpegHeader(bytes);
-    if (jpeg && jpeg->dataLength == 0) {
+    if (head.empty) {
         failAs(WINCODEC_ERR_BADIMAGE);
     }
 }
 
-/// A JPEG that ends too early is decoded as far as it goes once it has an end.
-void endJpeg(std::vector<std::uint8_t>& bytes) {
-    if (bytes.size() >= 2 && bytes[0] == 0xFF && bytes[1] == 0xD8) {
-        bytes.insert(bytes.end(), {0xFF, 0xD9});
-    }
-}
-
-DecodedPicture decodeBytesAs(std::span<std::uint8_t> bytes, Orientation orientation, const LayoutRule& rule) {
-    const platform::ComApartment apartment;
-    WicPicture picture(bytes);
+/// Scales an opened picture to its place. `prepare` is told the size it is scaled to, before the first row is
+/// read; the picture may then have another size.
+template <typename Picture, typename Prepare>
+DecodedPicture layOut(Picture& picture, Orientation orientation, const LayoutRule& rule,
+                      const Prepare& prepare) {
     DecodedPicture decoded;
     decoded.nativeWidth = exchangesSides(orientation) ? picture.height() : picture.width();
     decoded.nativeHeight = exchangesSides(orientation) ? picture.width() : picture.height();
@@ -73,23 +89,60 @@ DecodedPicture decodeBytesAs(std::span<std::uint8_t> bytes, Orientation orientat
     decoded.pixels = Pixels(layout.surfaceWidth, layout.surfaceHeight);
     const StoredPart part = storedPart(orientation, layout.placement, decoded.pixels);
     if (part.visible.width > 0 && part.visible.height > 0) {
-        picture.reduce(kReducedAtLeast * part.width, kReducedAtLeast * part.height);
+        prepare(part.width, part.height);
         scalePicture({{0, 0, picture.width(), picture.height()}, part.width, part.height, part.visible},
                      picture, part.view);
     }
     return decoded;
 }
 
+/// The JPEG in `bytes`; none when it is of a kind that only Windows may know.
+std::unique_ptr<JpegPicture> openJpeg(std::span<const std::uint8_t> bytes) {
+    try {
+        return std::make_unique<JpegPicture>(bytes);
+    } catch (const JpegError&) {
+        return nullptr;
+    }
+}
+
+DecodedPicture decodeJpeg(JpegPicture& picture, Orientation orientation, const LayoutRule& rule) {
+    std::optional<DecodeBudget::Share> share;
+    try {
+        return layOut(picture, orientation, rule, [&](int width, int height) {
+            picture.reduceFor(width, height);
+            share = decodeBudget().take(picture.memory());
+        });
+    } catch (const JpegError&) {
+        failAs(WINCODEC_ERR_BADIMAGE);
+    }
+}
+
+DecodedPicture decodeWithWindows(std::vector<std::uint8_t>& bytes, const Head& head, const LayoutRule& rule) {
+    const DecodeBudget::Share share =
+        decodeBudget().take(head.size ? decodeBytes(head.size->width, head.size->height)
+                                      : std::numeric_limits<std::uint64_t>::max());
+    if (head.isJpeg) {
+        // One that ends too early is decoded as far as it goes once it has an end.
+        bytes.insert(bytes.end(), {0xFF, 0xD9});
+    }
+    const platform::ComApartment apartment;
+    WicPicture picture(bytes);
+    return layOut(picture, head.exif.orientation, rule, [&](int width, int height) {
+        picture.reduce(kReducedAtLeast * width, kReducedAtLeast * height);
+    });
+}
+
+/// Decodes a file's bytes, which are then of no more use.
+DecodedPicture decodeWhole(std::vector<std::uint8_t>& bytes, const Head& head, const LayoutRule& rule) {
+    check(head);
+    const std::unique_ptr<JpegPicture> jpeg = head.isJpeg ? openJpeg(bytes) : nullptr;
+    return jpeg ? decodeJpeg(*jpeg, head.exif.orientation, rule) : decodeWithWindows(bytes, head, rule);
+}
+
 DecodedPicture decodeFile(const std::wstring& path, const LayoutRule& rule) {
     constexpr std::size_t kMostBytes = std::size_t{1} << 30;
     std::vector<std::uint8_t> bytes = platform::readFileBytes(path, kMostBytes, 2);
-    checkBytes(bytes);
-    const auto size = readPictureSize(bytes);
-    const DecodeBudget::Share share = decodeBudget().take(size ? decodeBytes(size->width, size->height)
-                                                               : std::numeric_limits<std::uint64_t>::max());
-    const Orientation orientation = readExif(bytes).orientation;
-    endJpeg(bytes);
-    return decodeBytesAs(bytes, orientation, rule);
+    return decodeWhole(bytes, readHead(bytes), rule);
 }
 
 LayoutRule surfaceLayout(int surfaceWidth, int surfaceHeight, const PlacementRule& rule) {
@@ -125,33 +178,30 @@ std::optional<DecodedPicture> decodeEmbeddedThumbnail(const std::wstring& path, 
                                                       int surfaceHeight, const PlacementRule& rule) {
     // The camera's notes and the picture's size stand within the first segments, of 64 KB each.
     constexpr std::size_t kHeadBytes = std::size_t{256} * 1024;
-    std::vector<std::uint8_t> head = platform::readFileBytes(path, kHeadBytes);
-    const ExifInfo exif = readExif(head);
-    const auto picture = readPictureSize(head);
-    if (!exif.thumbnail || !picture) {
+    std::vector<std::uint8_t> first = platform::readFileBytes(path, kHeadBytes);
+    const Head picture = readHead(first);
+    if (!picture.exif.thumbnail || !picture.size) {
         return std::nullopt;
     }
-    const auto first = head.begin() + static_cast<std::ptrdiff_t>(exif.thumbnail->offset);
-    std::vector<std::uint8_t> bytes(first, first + static_cast<std::ptrdiff_t>(exif.thumbnail->length));
-    head.clear();
-    const auto thumbnail = readPictureSize(bytes);
-    if (!thumbnail || !sameShape(*picture, *thumbnail)) {
+    const auto begin = first.begin() + static_cast<std::ptrdiff_t>(picture.exif.thumbnail->offset);
+    std::vector<std::uint8_t> bytes(begin,
+                                    begin + static_cast<std::ptrdiff_t>(picture.exif.thumbnail->length));
+    first.clear();
+    Head thumbnail = readHead(bytes);
+    if (!thumbnail.size || !sameShape(*picture.size, *thumbnail.size)) {
         return std::nullopt;
     }
-    const bool exchanged = exchangesSides(exif.orientation);
-    const int width = exchanged ? picture->height : picture->width;
-    const int height = exchanged ? picture->width : picture->height;
+    thumbnail.exif.orientation = picture.exif.orientation;
+    const bool exchanged = exchangesSides(picture.exif.orientation);
+    const int width = exchanged ? picture.size->height : picture.size->width;
+    const int height = exchanged ? picture.size->width : picture.size->height;
     const Placement placement = rule(width, height);
-    if (placement.width > (exchanged ? thumbnail->height : thumbnail->width) ||
-        placement.height > (exchanged ? thumbnail->width : thumbnail->height)) {
+    if (placement.width > (exchanged ? thumbnail.size->height : thumbnail.size->width) ||
+        placement.height > (exchanged ? thumbnail.size->width : thumbnail.size->height)) {
         return std::nullopt;
     }
     try {
-        checkBytes(bytes);
-        endJpeg(bytes);
-        const DecodeBudget::Share share =
-            decodeBudget().take(decodeBytes(thumbnail->width, thumbnail->height));
-        DecodedPicture decoded = decodeBytesAs(bytes, exif.orientation, [&](int, int) {
+        DecodedPicture decoded = decodeWhole(bytes, thumbnail, [&](int, int) {
             return Layout{surfaceWidth, surfaceHeight, placement};
         });
         decoded.nativeWidth = width;

@@ -13,11 +13,12 @@
 
 namespace picture {
 
-// Turns picture files into pixels. Every function may be called on any thread; a thread that decodes more
-// than one picture should keep a ComApartment of its own. A file is held open only while it is read.
-// The picture is shown upright as the camera noted it. A damaged or truncated file gives the part that could
-// be decoded; the functions throw Error when there is none, when the file cannot be read, and when it is no
-// picture. A call waits when other threads already decode as much as decodeBudget() allows.
+// Turns picture files into pixels. Every function may be called on any thread; JPEG files are
+// decoded here, all others by Windows; a thread that decodes more than one of those should keep a
+// ComApartment of its own. A file is held open only while it is read. The picture is shown upright as the
+// camera noted it. A damaged or truncated file gives the part that could be decoded; the functions throw
+// Error when there is none, when the file cannot be read, and when it is no picture. A call waits when other
+// threads already decode as much as decodeBudget() allows.
 
 /// Where a picture of that upright size (both at least 1) lies on a surface. Called on the thread that
 /// decodes.

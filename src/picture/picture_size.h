@@ -6,6 +6,9 @@
 
 namespace picture {
 
+/// Larger pictures are refused: a few damaged bytes can ask for more memory than there is.
+inline constexpr std::uint64_t kMostPixels = 500'000'000;
+
 /// Width and height in pixels as stored, both at least 1.
 struct PictureSize {
     int width = 0;
