@@ -29,6 +29,7 @@ Application::Application(ui::EventLoop& loop, media::MediaControl& control, cons
 }
 
 void Application::wireSetup() {
+    setup_.browser().colours = [this] { return show_.screen().colours(); };
     setup_.browser().onAboutToShow = [this](const std::wstring& path) { show_.prepare(path); };
     form_.Start.onClick = [this] { startShow(); };
     form_.Run.onClick = [this] { pressRun(); };

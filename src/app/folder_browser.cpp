@@ -152,7 +152,7 @@ void FolderBrowser::previewFile(int index, bool byUser) {
     // Whoever shows the box before the picture is there shows no other one in it.
     parts_.Pic2.drop();
     const SIZE size = parts_.Pic2.clientSize();
-    preview_.load(previewed_, size.cx, size.cy);
+    preview_.load(previewed_, size.cx, size.cy, colours());
     onAboutToShow(previewed_);
     // Last, since another folder may be opened meanwhile.
     parts_.loop.doEvents();

@@ -47,6 +47,8 @@ class FolderBrowser {
 
     /// The file that a show would begin with is another one.
     std::function<void(const std::wstring& path)> onAboutToShow;
+    /// The colours of the monitor that previews are seen on.
+    std::function<picture::ColourTarget()> colours;
     /// A drive cannot be read (text, title).
     std::function<void(const std::wstring& text, const std::wstring& title)> onError;
 

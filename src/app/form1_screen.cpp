@@ -2,7 +2,7 @@
 
 #include "app/option_set.h"
 #include "app/resource_ids.h"
-#include "platform/monitors.h"
+#include "platform/monitor_profile.h"
 #include "show/caption_rule.h"
 #include "show/fit_rule.h"
 #include "show/step_rule.h"
@@ -38,15 +38,41 @@ void Form1Screen::takeOver() {
     form_.cover(platform::Monitors::current().areaOf(form_.hwnd()));
 }
 
-SIZE Form1Screen::targetSize() const {
-    const RECT monitor = platform::Monitors::current().areaOf(form_.hwnd());
-    return {monitor.right - monitor.left, monitor.bottom - monitor.top};
+show::ShowSurface Form1Screen::surfaceToCome() const {
+    const platform::Monitors& monitors = platform::Monitors::current();
+    if (form_.Screen2.value() != 1) {
+        return surfaceOf(monitors.areaOf(form_.hwnd()));
+    }
+    return surfaceOf(monitors.areaAt({show::secondScreenLeft(monitors.primaryWidth()), rectangle().top}));
 }
 
-double Form1Screen::shapeFor(const SIZE& surface) const {
-    const std::wstring value =
+show::ShowSurface Form1Screen::surfaceOf(const RECT& monitor) const {
+    show::ShowSurface surface;
+    surface.width = monitor.right - monitor.left;
+    surface.height = monitor.bottom - monitor.top;
+    const std::wstring shape =
         settings_.read(kProgramSection, kShapeKey.name, kShapeKey.fallback, kShapeKey.longest);
-    return usesScreenShape(value) ? static_cast<double>(surface.cx) / surface.cy : show::kDesignShape;
+    surface.shape =
+        usesScreenShape(shape) ? static_cast<double>(surface.width) / surface.height : show::kDesignShape;
+    surface.colours = coloursAt(monitor);
+    return surface;
+}
+
+picture::ColourTarget Form1Screen::colours() const {
+    return coloursAt(platform::Monitors::current().areaOf(form_.hwnd()));
+}
+
+picture::ColourTarget Form1Screen::coloursAt(const RECT& monitor) const {
+    if (!matchesColours(
+            settings_.read(kProgramSection, kColourKey.name, kColourKey.fallback, kColourKey.longest))) {
+        return nullptr;
+    }
+    if (!knownMonitor_ || EqualRect(&*knownMonitor_, &monitor) == FALSE) {
+        knownMonitor_ = monitor;
+        knownColours_ = std::make_shared<const std::vector<std::uint8_t>>(
+            platform::MonitorProfiles::current().profileAt(monitor));
+    }
+    return knownColours_;
 }
 
 SIZE Form1Screen::size() const {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <optional>
+
 #include "app/form1.h"
+#include "platform/monitors.h"
 #include "platform/profile_file.h"
 #include "show/show_screen.h"
 
@@ -17,19 +20,29 @@ class Form1Screen : public show::ShowScreen {
     void takeOver() override;
     SIZE size() const override;
     void arrange() override;
-    double shape() const override { return shapeFor(size()); }
+    show::ShowSurface surface() const override {
+        return surfaceOf(platform::Monitors::current().areaOf(form_.hwnd()));
+    }
     ui::Pointer& pointer() override { return pointer_; }
     RECT rectangle() const override;
+    /// The monitors have changed: their profiles are read anew.
+    void forgetColours() { knownMonitor_.reset(); }
 
-    /// What size() will be once the window has taken over.
-    SIZE targetSize() const;
-    /// The shape of the fit rule for a surface of that size.
-    double shapeFor(const SIZE& surface) const;
+    /// The surface that a show would have, once the window has taken over.
+    show::ShowSurface surfaceToCome() const;
+    /// The colours of the monitor that the window is on.
+    picture::ColourTarget colours() const;
 
   private:
+    show::ShowSurface surfaceOf(const RECT& monitor) const;
+    picture::ColourTarget coloursAt(const RECT& monitor) const;
+
     Form1& form_;
     const platform::ProfileFile& settings_;
     ui::Pointer pointer_;
+    /// The profile of a monitor is read once, until the screens change.
+    mutable std::optional<RECT> knownMonitor_;
+    mutable picture::ColourTarget knownColours_;
 };
 
 }  // namespace app

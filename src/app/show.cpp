@@ -28,8 +28,7 @@ void Show::wire() {
 }
 
 void Show::prepare(const std::wstring& path) {
-    const SIZE size = screen_.targetSize();
-    pictures_.setSurface(size.cx, size.cy, screen_.shapeFor(size));
+    pictures_.setSurface(screen_.surfaceToCome());
     pictures_.prepare({path});
 }
 

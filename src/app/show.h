@@ -40,14 +40,17 @@ class Show {
     /// front; the item shown keeps its place by name.
     void keepItemAcross(const std::function<void()>& refresh) { slideshow_.keepItemAcross(refresh); }
     /// The screens have changed: the surface and the item shown follow.
-    void screensChanged() { slideshow_.screensChanged(); }
+    void screensChanged() {
+        screen_.forgetColours();
+        slideshow_.screensChanged();
+    }
     /// Whether the display has to stay awake: while a show runs, not at its end.
     bool keepsAwake() const { return slideshow_.keepsAwake(); }
     /// The window was activated: the pointer comes up, but not over a show that runs by itself.
     void activated();
 
     const show::ShowState& state() const { return state_; }
-    const show::ShowScreen& screen() const { return screen_; }
+    const Form1Screen& screen() const { return screen_; }
     media::MusicState& music() { return music_; }
     media::VideoPlayback& video() { return video_; }
 

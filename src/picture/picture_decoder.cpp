@@ -13,6 +13,8 @@
 #include <utility>
 
 #include "picture/area_average.h"
+#include "picture/colour_match.h"
+#include "picture/embedded_profile.h"
 #include "picture/jpeg_header.h"
 #include "picture/jpeg_picture.h"
 #include "picture/picture_size.h"
@@ -139,10 +141,23 @@ DecodedPicture decodeWhole(std::vector<std::uint8_t>& bytes, const Head& head, c
     return jpeg ? decodeJpeg(*jpeg, head.exif.orientation, rule) : decodeWithWindows(bytes, head, rule);
 }
 
-DecodedPicture decodeFile(const std::wstring& path, const LayoutRule& rule) {
+/// The profile that a file's colours are meant in; empty where it has none.
+std::vector<std::uint8_t> profileOf(std::span<const std::uint8_t> bytes, const Head& head) {
+    return head.isJpeg ? readEmbeddedProfile(bytes).value_or(std::vector<std::uint8_t>())
+                       : std::vector<std::uint8_t>();
+}
+
+DecodedPicture decodeFile(const std::wstring& path, const LayoutRule& rule, const ColourTarget& colours) {
     constexpr std::size_t kMostBytes = std::size_t{1} << 30;
     std::vector<std::uint8_t> bytes = platform::readFileBytes(path, kMostBytes, 2);
-    return decodeWhole(bytes, readHead(bytes), rule);
+    const Head head = readHead(bytes);
+    const auto profile = colours ? profileOf(bytes, head) : std::vector<std::uint8_t>();
+    DecodedPicture decoded = decodeWhole(bytes, head, rule);
+    if (colours) {
+        // The target is smaller than most pictures, and the file's bytes are of no more use.
+        colourMatch().convert(decoded.pixels, decoded.placement, profile, *colours);
+    }
+    return decoded;
 }
 
 LayoutRule surfaceLayout(int surfaceWidth, int surfaceHeight, const PlacementRule& rule) {
@@ -159,23 +174,30 @@ bool sameShape(PictureSize picture, PictureSize thumbnail) {
 
 }  // namespace
 
-DecodedPicture decodeOntoSurface(const std::wstring& path, int surfaceWidth, int surfaceHeight,
-                                 const PlacementRule& rule) {
-    return decodeFile(path, surfaceLayout(surfaceWidth, surfaceHeight, rule));
+bool sameTarget(const ColourTarget& one, const ColourTarget& other) {
+    return one == other || (one && other && *one == *other);
 }
 
-DecodedPicture decodeScaledToFit(const std::wstring& path, int maxWidth, int maxHeight) {
-    return decodeFile(path, [maxWidth, maxHeight](int width, int height) {
+DecodedPicture decodeOntoSurface(const std::wstring& path, int surfaceWidth, int surfaceHeight,
+                                 const PlacementRule& rule, const ColourTarget& colours) {
+    return decodeFile(path, surfaceLayout(surfaceWidth, surfaceHeight, rule), colours);
+}
+
+DecodedPicture decodeScaledToFit(const std::wstring& path, int maxWidth, int maxHeight,
+                                 const ColourTarget& colours) {
+    const LayoutRule fitting = [maxWidth, maxHeight](int width, int height) {
         const double scale =
             std::min({1.0, static_cast<double>(maxWidth) / width, static_cast<double>(maxHeight) / height});
         const int fitWidth = std::clamp(static_cast<int>(std::lround(width * scale)), 1, maxWidth);
         const int fitHeight = std::clamp(static_cast<int>(std::lround(height * scale)), 1, maxHeight);
         return Layout{fitWidth, fitHeight, {0, 0, fitWidth, fitHeight}};
-    });
+    };
+    return decodeFile(path, fitting, colours);
 }
 
 std::optional<DecodedPicture> decodeEmbeddedThumbnail(const std::wstring& path, int surfaceWidth,
-                                                      int surfaceHeight, const PlacementRule& rule) {
+                                                      int surfaceHeight, const PlacementRule& rule,
+                                                      const ColourTarget& colours) {
     // The camera's notes and the picture's size stand within the first segments, of 64 KB each.
     constexpr std::size_t kHeadBytes = std::size_t{256} * 1024;
     std::vector<std::uint8_t> first = platform::readFileBytes(path, kHeadBytes);
@@ -186,6 +208,8 @@ std::optional<DecodedPicture> decodeEmbeddedThumbnail(const std::wstring& path, 
     const auto begin = first.begin() + static_cast<std::ptrdiff_t>(picture.exif.thumbnail->offset);
     std::vector<std::uint8_t> bytes(begin,
                                     begin + static_cast<std::ptrdiff_t>(picture.exif.thumbnail->length));
+    // The thumbnail has no profile of its own.
+    const auto profile = colours ? profileOf(first, picture) : std::vector<std::uint8_t>();
     first.clear();
     Head thumbnail = readHead(bytes);
     if (!thumbnail.size || !sameShape(*picture.size, *thumbnail.size)) {
@@ -206,6 +230,9 @@ std::optional<DecodedPicture> decodeEmbeddedThumbnail(const std::wstring& path, 
         });
         decoded.nativeWidth = width;
         decoded.nativeHeight = height;
+        if (colours) {
+            colourMatch().convert(decoded.pixels, decoded.placement, profile, *colours);
+        }
         return decoded;
     } catch (const platform::Error&) {
         return std::nullopt;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,6 +25,13 @@ namespace picture {
 /// decodes.
 using PlacementRule = std::function<Placement(int pictureWidth, int pictureHeight)>;
 
+/// The colours that a picture is shown in: the bytes of the monitor's ICC profile, empty for sRGB. Null
+/// leaves the picture's own as they are.
+using ColourTarget = std::shared_ptr<const std::vector<std::uint8_t>>;
+
+/// Whether two targets give a picture the same colours.
+bool sameTarget(const ColourTarget& one, const ColourTarget& other);
+
 struct DecodedPicture {
     /// The picture's own size in pixels, upright.
     int nativeWidth = 0;
@@ -37,17 +45,19 @@ struct DecodedPicture {
 /// Decodes the picture, scales it to the place that `rule` gives and lays it on a black surface of that size
 /// (both at least 1). What overhangs the surface costs nothing.
 DecodedPicture decodeOntoSurface(const std::wstring& path, int surfaceWidth, int surfaceHeight,
-                                 const PlacementRule& rule);
+                                 const PlacementRule& rule, const ColourTarget& colours = nullptr);
 
 /// Decodes the picture at the largest size within `maxWidth` x `maxHeight` (both at least 1) that keeps its
 /// shape; it is never enlarged. The surface is exactly the picture.
-DecodedPicture decodeScaledToFit(const std::wstring& path, int maxWidth, int maxHeight);
+DecodedPicture decodeScaledToFit(const std::wstring& path, int maxWidth, int maxHeight,
+                                 const ColourTarget& colours = nullptr);
 
 /// Like decodeOntoSurface, from the thumbnail that the camera stored in the file: many times faster. None
 /// when there is no readable thumbnail, when it has another shape than the picture, or when it is smaller
 /// than its place. nativeWidth and nativeHeight are the picture's.
 std::optional<DecodedPicture> decodeEmbeddedThumbnail(const std::wstring& path, int surfaceWidth,
-                                                      int surfaceHeight, const PlacementRule& rule);
+                                                      int surfaceHeight, const PlacementRule& rule,
+                                                      const ColourTarget& colours = nullptr);
 
 /// The budget that all decodes of the process share: 250 MB and as many decodes as the machine has cores.
 DecodeBudget& decodeBudget();

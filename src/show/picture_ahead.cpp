@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "picture/picture_decoder.h"
-#include "platform/com.h"
 #include "show/fit_rule.h"
 
 namespace show {
@@ -40,14 +39,13 @@ PictureAhead::~PictureAhead() {
     worker_.join();
 }
 
-void PictureAhead::setSurface(int width, int height, double shape) {
+void PictureAhead::setSurface(const ShowSurface& surface) {
     const std::lock_guard lock(mutex_);
-    if (width == width_ && height == height_ && shape == shape_) {
+    if (surface.width == surface_.width && surface.height == surface_.height &&
+        surface.shape == surface_.shape && picture::sameTarget(surface.colours, surface_.colours)) {
         return;
     }
-    width_ = width;
-    height_ = height;
-    shape_ = shape;
+    surface_ = surface;
     ++surfaceNumber_;
     for (Job& job : jobs_) {
         job.done = false;
@@ -99,7 +97,7 @@ void PictureAhead::waitFor(std::unique_lock<std::mutex>& lock, const Job& job) {
 
 std::optional<ShowPicture> PictureAhead::take(const std::wstring& path) {
     std::unique_lock lock(mutex_);
-    if (width_ <= 0 || height_ <= 0) {
+    if (surface_.width <= 0 || surface_.height <= 0) {
         return std::nullopt;
     }
     auto job = find(path);
@@ -128,10 +126,9 @@ bool PictureAhead::idle() {
 }
 
 void PictureAhead::work() {
-    const platform::ComApartment com;
     std::unique_lock lock(mutex_);
     for (;;) {
-        changed_.wait(lock, [this] { return stopping_ || (width_ > 0 && nextJob() != jobs_.end()); });
+        changed_.wait(lock, [this] { return stopping_ || (surface_.width > 0 && nextJob() != jobs_.end()); });
         // The picture just taken is being brought to the screen.
         changed_.wait_until(lock, restUntil_, [this] { return stopping_ || awaited_ > 0; });
         if (stopping_) {
@@ -146,22 +143,22 @@ void PictureAhead::work() {
 }
 
 void PictureAhead::decode(std::unique_lock<std::mutex>& lock, int number, const std::wstring& path) {
-    const int surface = surfaceNumber_;
-    const int width = width_;
-    const int height = height_;
-    const double shape = shape_;
+    const int surfaceNumber = surfaceNumber_;
+    const ShowSurface surface = surface_;
     decoding_ = true;
     lock.unlock();
     const FileStamp stamp = stampOf(path);
     std::optional<ShowPicture> picture;
     try {
+        const auto fit = [&](int width, int height) {
+            const PixelRect place = fitPicture(width, height, surface.width, surface.height, surface.shape);
+            return picture::Placement{place.left, place.top, place.width, place.height};
+        };
         const auto decoded =
-            picture::decodeOntoSurface(path, width, height, [=](int pictureWidth, int pictureHeight) {
-                const PixelRect place = fitPicture(pictureWidth, pictureHeight, width, height, shape);
-                return picture::Placement{place.left, place.top, place.width, place.height};
-            });
+            picture::decodeOntoSurface(path, surface.width, surface.height, fit, surface.colours);
         // What the window thread would have to copy in the step itself.
-        picture = ShowPicture{decoded.nativeWidth, decoded.nativeHeight, picture::Surface(width, height)};
+        picture = ShowPicture{decoded.nativeWidth, decoded.nativeHeight,
+                              picture::Surface(surface.width, surface.height)};
         picture->surface.put(decoded.pixels);
     } catch (const std::exception&) {
         // No picture: the show passes over it.
@@ -170,7 +167,7 @@ void PictureAhead::decode(std::unique_lock<std::mutex>& lock, int number, const 
     decoding_ = false;
     // Forgotten meanwhile, or wanted for another surface: thrown away.
     const auto job = find(number);
-    if (job != jobs_.end() && surface == surfaceNumber_) {
+    if (job != jobs_.end() && surfaceNumber == surfaceNumber_) {
         job->done = true;
         job->stamp = stamp;
         job->picture = std::move(picture);

@@ -23,7 +23,7 @@ class PictureAhead : public PictureSource {
     PictureAhead(const PictureAhead&) = delete;
     PictureAhead& operator=(const PictureAhead&) = delete;
 
-    void setSurface(int width, int height, double shape) override;
+    void setSurface(const ShowSurface& surface) override;
     std::optional<ShowPicture> take(const std::wstring& path) override;
     void prepare(const std::vector<std::wstring>& paths) override;
 
@@ -61,9 +61,7 @@ class PictureAhead : public PictureSource {
     std::condition_variable changed_;
     Jobs jobs_;
     int lastNumber_ = 0;
-    int width_ = 0;
-    int height_ = 0;
-    double shape_ = 0;
+    ShowSurface surface_;
     /// Counts changes of the surface: what was begun before one is thrown away.
     int surfaceNumber_ = 0;
     bool decoding_ = false;

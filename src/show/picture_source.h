@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "picture/picture_decoder.h"
 #include "picture/surface.h"
+#include "show/fit_rule.h"
 
 namespace show {
 
@@ -17,13 +19,21 @@ struct ShowPicture {
     picture::Surface surface;
 };
 
+/// What pictures are made ready for.
+struct ShowSurface {
+    int width = 0;  ///< pixels
+    int height = 0;
+    double shape = kDesignShape;      ///< of the fit rule, see fitPicture
+    picture::ColourTarget colours{};  ///< of its monitor
+};
+
 /// Where the show gets its pictures from: laid onto the show surface by the fit rule, black beside it.
 class PictureSource {
   public:
     virtual ~PictureSource() = default;
 
-    /// The surface that pictures are wanted for, in pixels, and the shape of the fit rule (see fitPicture).
-    virtual void setSurface(int width, int height, double shape) = 0;
+    /// The surface that pictures are wanted for.
+    virtual void setSurface(const ShowSurface& surface) = 0;
     /// The picture of a file, as soon as it is there; none when it cannot be loaded.
     virtual std::optional<ShowPicture> take(const std::wstring& path) = 0;
     /// The files that will be wanted next, the most urgent first. Others that were prepared are forgotten.

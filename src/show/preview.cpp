@@ -4,7 +4,6 @@
 #include <exception>
 #include <utility>
 
-#include "platform/com.h"
 #include "show/fit_rule.h"
 
 namespace show {
@@ -20,6 +19,7 @@ struct Preview::Job {
     std::wstring path;
     int width = 0;
     int height = 0;
+    picture::ColourTarget colours;
     std::optional<picture::DecodedPicture> picture;
     std::atomic<bool> done = false;
 };
@@ -34,10 +34,11 @@ Preview::~Preview() {
     }
 }
 
-void Preview::load(const std::wstring& path, int width, int height) {
+void Preview::load(const std::wstring& path, int width, int height, const picture::ColourTarget& colours) {
     wanted_ = path;
     width_ = width;
     height_ = height;
+    colours_ = colours;
     // Begun by the next tick: a show that starts at once cancels the wish, and its own decode has the machine
     // to itself.
     poll_.setEnabled(true);
@@ -52,13 +53,14 @@ void Preview::begin() {
     job_->path = wanted_;
     job_->width = width_;
     job_->height = height_;
+    job_->colours = colours_;
     worker_ = std::thread([job = job_] {
         try {
-            const platform::ComApartment com;
-            job->picture = picture::decodeOntoSurface(job->path, job->width, job->height, [&](int w, int h) {
-                const PixelRect place = fitPicture(w, h, job->width, job->height);
+            const auto fit = [&](int width, int height) {
+                const PixelRect place = fitPicture(width, height, job->width, job->height);
                 return picture::Placement{place.left, place.top, place.width, place.height};
-            });
+            };
+            job->picture = picture::decodeOntoSurface(job->path, job->width, job->height, fit, job->colours);
         } catch (const std::exception&) {
             // No picture: the preview stays empty.
         }

@@ -20,8 +20,9 @@ class Preview {
     Preview(const Preview&) = delete;
     Preview& operator=(const Preview&) = delete;
 
-    /// Asks for a picture on a surface of that size in pixels, placed by the fit rule.
-    void load(const std::wstring& path, int width, int height);
+    /// Asks for a picture on a surface of that size in pixels, placed by the fit rule, in the monitor's
+    /// colours.
+    void load(const std::wstring& path, int width, int height, const picture::ColourTarget& colours);
     /// Forgets the wish; nothing is reported for it.
     void cancel();
     bool loading() const { return !wanted_.empty(); }
@@ -39,6 +40,7 @@ class Preview {
     std::wstring wanted_;
     int width_ = 0;
     int height_ = 0;
+    picture::ColourTarget colours_;
     std::shared_ptr<Job> job_;
     std::thread worker_;
 };

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "show/picture_source.h"
 #include "ui/pointer.h"
 
 namespace show {
@@ -22,8 +23,8 @@ class ShowScreen {
     virtual SIZE size() const = 0;
     /// Places what lies over the surface (end button, title box) for that size.
     virtual void arrange() = 0;
-    /// The shape of the fit rule for pictures on it (see fitPicture).
-    virtual double shape() const = 0;
+    /// The surface as pictures are made ready for it.
+    virtual ShowSurface surface() const = 0;
     /// The mouse pointer over it.
     virtual ui::Pointer& pointer() = 0;
     /// The window's rectangle on the desktop.

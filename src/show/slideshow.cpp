@@ -82,7 +82,7 @@ void Slideshow::takeSurface() {
     parts_.screen.arrange();
     parts_.stage.Pic2.movePixels(0, 0, size.cx, size.cy);
     parts_.stage.Pic3.movePixels(0, 0, size.cx, size.cy);
-    parts_.pictures.setSurface(size.cx, size.cy, parts_.screen.shape());
+    parts_.pictures.setSurface(parts_.screen.surface());
 }
 
 void Slideshow::screensChanged() {

@@ -25,9 +25,9 @@ namespace support {
 /// Pictures of one colour each, told by the file's name, without a file being decoded.
 class FakePictures : public show::PictureSource {
   public:
-    void setSurface(int width, int height, double) override {
-        width_ = width;
-        height_ = height;
+    void setSurface(const show::ShowSurface& surface) override {
+        width_ = surface.width;
+        height_ = surface.height;
     }
     std::optional<show::ShowPicture> take(const std::wstring& path) override {
         taken.push_back(path);
@@ -74,7 +74,7 @@ class FakeScreen : public show::ShowScreen {
     void takeOver() override { tookOver = true; }
     SIZE size() const override { return {160, 120}; }
     void arrange() override { arranged = true; }
-    double shape() const override { return show::kDesignShape; }
+    show::ShowSurface surface() const override { return {160, 120}; }
     ui::Pointer& pointer() override { return pointer_; }
     RECT rectangle() const override { return {0, 0, 160, 120}; }
 

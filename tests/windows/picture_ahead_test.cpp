@@ -16,7 +16,7 @@ constexpr std::uint32_t kBlue = 0x2040C0;
 
 class PictureAheadTest : public testing::Test {
   protected:
-    PictureAheadTest() { ahead.setSurface(kWidth, kHeight, 4.0 / 3.0); }
+    PictureAheadTest() { ahead.setSurface({kWidth, kHeight}); }
 
     /// A 4:3 picture of one colour; a later one of that name has another length.
     std::wstring picture(const std::wstring& name, std::uint32_t colour, int width = 400) const {
@@ -95,7 +95,7 @@ TEST_F(PictureAheadTest, AnotherSurfaceDecodesAgain) {
     const std::wstring path = picture(L"1.jpg", kGreen);
     ahead.prepare({path});
     waitUntilIdle();
-    ahead.setSurface(320, 200, 4.0 / 3.0);
+    ahead.setSurface({320, 200});
     const auto taken = ahead.take(path);
     ASSERT_TRUE(taken);
     EXPECT_EQ(taken->surface.width(), 320);
@@ -109,7 +109,7 @@ TEST_F(PictureAheadTest, EndsInTheMiddleOfItsWork) {
         paths.push_back(picture(std::to_wstring(i) + L".jpg", kGreen, 2000));
     }
     PictureAhead other;
-    other.setSurface(kWidth, kHeight, 4.0 / 3.0);
+    other.setSurface({kWidth, kHeight});
     other.prepare(paths);
     EXPECT_TRUE(other.take(paths[3]));
 }
