@@ -16,7 +16,7 @@ constexpr double kMegabyte = 1e6;
 
 /// In the mark at the pictures' left edge, which the set-up window never reaches.
 POINT markPlace() {
-    return {GetSystemMetrics(SM_CXSCREEN) / 32, GetSystemMetrics(SM_CYSCREEN) / 2};
+    return {GetSystemMetrics(SM_CXSCREEN) / 8, GetSystemMetrics(SM_CYSCREEN) / 2};
 }
 
 double emptyWindowShown() {

@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <exception>
+
+#include "app/first_picture.h"
 #include "app/option_set.h"
 #include "app/resource_ids.h"
 
@@ -14,12 +17,14 @@ constexpr wchar_t kEscape = 27;
 
 }  // namespace
 
-Application::Application(ui::EventLoop& loop, media::MediaControl& control, const std::wstring& programDir)
+Application::Application(ui::EventLoop& loop, media::MediaControl& control, const std::wstring& programDir,
+                         const Parameters& parameters)
     : loop_(loop),
       settings_(withBackslash(programDir) + std::wstring(kSettingsFile)),
-      form_(loop),
+      surfaces_(settings_),
+      form_(loop, prepareFirstPicture(pictures_, surfaces_, parameters)),
       tray_(form_.hwnd(), LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(PANORELL_ICON)), kTrayTip),
-      show_(loop, control, form_, settings_),
+      show_(loop, control, form_, surfaces_, pictures_),
       setup_({loop, form_, state_, settings_, show_.music(), show_.video()}),
       shutdown_({loop, control, tray_, setup_.parameters(), form_.Pic2, form_.Pic3}) {
     state_.ProgramDir = withBackslash(programDir);
@@ -31,8 +36,8 @@ Application::Application(ui::EventLoop& loop, media::MediaControl& control, cons
 void Application::wireSetup() {
     setup_.browser().colours = [this] { return show_.screen().colours(); };
     setup_.browser().onAboutToShow = [this](const std::wstring& path) { show_.prepare(path); };
-    form_.Start.onClick = [this] { startShow(); };
-    form_.Run.onClick = [this] { pressRun(); };
+    form_.Start.onClick = [this] { begin(&Show::start); };
+    form_.Run.onClick = [this] { begin(&Show::run); };
     form_.ENDE.onClick = [this] { shutdown_.clipboardEnd(); };
     form_.Pic3.onClick = [this] {
         if (show_.screen().inSetup()) {
@@ -95,28 +100,38 @@ bool Application::typed(wchar_t character) {
 
 void Application::load(const std::wstring& parameterText) {
     form_.applyRegion();
-    form_.show();
-    loop_.doEvents();
+    if (!form_.concealed()) {
+        form_.show();
+        loop_.doEvents();
+    }
     setup_.load(parameterText);
     tray_.add();
     form_.CTRL.setEnabled(true);
     form_.Screen2.setValue(state_.SecondScreen);
     if (parseParameters(parameterText).runAtOnce) {
-        pressRun();
+        runAtOnce();
+    }
+}
+
+// Where nothing can be shown the set-up comes up after all, whatever was in the way.
+void Application::runAtOnce() {
+    try {
+        begin(&Show::run);
+    } catch (const std::exception&) {
+        form_.show();
+        throw;
+    }
+    if (!form_.visible()) {
+        form_.show();
     }
 }
 
 // A preview that is still on its way must not come into the show, nor one that moving the window to a monitor
 // of another scaling asks for. Without files there is no show, and the set-up goes on.
-void Application::startShow() {
+void Application::begin(void (Show::*how)()) {
     setup_.browser().setPreviewing(false);
-    show_.start();
+    (show_.*how)();
     setup_.browser().setPreviewing(show_.screen().inSetup());
-}
-
-void Application::pressRun() {
-    startShow();
-    show_.typed(L' ');
 }
 
 }  // namespace app

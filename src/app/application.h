@@ -3,13 +3,16 @@
 #include <string>
 
 #include "app/form1.h"
+#include "app/parameter_text.h"
 #include "app/program_state.h"
 #include "app/setup.h"
 #include "app/show.h"
 #include "app/shutdown.h"
+#include "app/surface_settings.h"
 #include "media/media_control.h"
 #include "platform/profile_file.h"
 #include "platform/tray_icon.h"
+#include "show/picture_ahead.h"
 #include "ui/event_loop.h"
 
 namespace app {
@@ -17,8 +20,11 @@ namespace app {
 /// The program: its main window, the set-up and the show in it, and which event of the one calls the other.
 class Application {
   public:
-    /// `control` carries out the media commands; `programDir` is where the settings file lies.
-    Application(ui::EventLoop& loop, media::MediaControl& control, const std::wstring& programDir);
+    /// `control` carries out the media commands; `programDir` is where the settings file lies. Where
+    /// `parameters` start a show at once, its first picture is begun already, and the set-up is not seen
+    /// unless there is nothing to show.
+    Application(ui::EventLoop& loop, media::MediaControl& control, const std::wstring& programDir,
+                const Parameters& parameters = {});
 
     /// Brings the main window up, as far as a show that the parameters ask for.
     void load(const std::wstring& parameterText);
@@ -35,12 +41,14 @@ class Application {
     void wireShow();
     void wireWindow();
     bool typed(wchar_t character);
-    void startShow();
-    void pressRun();
+    void begin(void (Show::*how)());
+    void runAtOnce();
 
     ui::EventLoop& loop_;
     ProgramState state_;
     platform::ProfileFile settings_;
+    SurfaceSettings surfaces_;
+    show::PictureAhead pictures_;
     Form1 form_;
     platform::TrayIcon tray_;
     Show show_;

@@ -10,6 +10,7 @@
 #include "platform/file_time.h"
 #include "platform/system_message.h"
 #include "show/step_rule.h"
+#include "text/trimming.h"
 
 namespace app {
 
@@ -52,7 +53,10 @@ std::wstring FolderBrowser::pathOf(int index) const {
 
 void FolderBrowser::driveChanged() {
     try {
-        openFolder(parts_.lists.Drive1.drive().substr(0, 2) + L"\\");
+        const std::wstring drive = parts_.lists.Drive1.drive().substr(0, 2);
+        if (!text::equalsIgnoringCase(parts_.lists.Dir1.path().substr(0, 2), drive)) {
+            openFolder(drive + L"\\");
+        }
         parts_.lists.Dir1.setFocus();
     } catch (const platform::Error& error) {
         onError(platform::systemMessage(error.code()), kErrorTitle);
@@ -73,6 +77,12 @@ void FolderBrowser::openFolder(const std::wstring& folder) {
     parts_.lists.Dir1.setPath(folder);
     if (parts_.lists.Dir1.path() != before) {
         parts_.state.StartIndex = 0;
+    }
+}
+
+void FolderBrowser::fillLists() {
+    if (parts_.lists.File1.path().empty()) {
+        folderChanged();
     }
 }
 

@@ -32,6 +32,9 @@ class FolderBrowser {
     void driveChanged();
     void folderClicked();
     void folderChanged();
+    /// Fills the lists from the folder where they begin, unless another one has been opened: naming that one
+    /// tells of no change.
+    void fillLists();
     void fileClicked();
     void filterClicked(int index);
     void musicClicked();

@@ -1,6 +1,7 @@
 #include "app/form1.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "app/form1_layout.h"
 #include "app/option_set.h"
@@ -56,12 +57,13 @@ CreateArgs withFont(CreateArgs args, const ui::FontSpec& font) {
 
 }  // namespace
 
-Form1::Form1(ui::EventLoop& loop)
+Form1::Form1(ui::EventLoop& loop, bool concealed)
     : Form({.className = L"Form1",
             .title = L"Panorell",
             .width = layout::kWindow.width,
             .height = layout::kWindow.height,
-            .borderless = true}),
+            .borderless = true,
+            .concealed = concealed}),
       Drive1(tab(*this, ui::id::kDrive1, layout::kDrive1)),
       Dir1(tab(*this, ui::id::kDir1, layout::kDir1)),
       Typ{ui::OptionButton(first(*this, ui::id::kTyp, layout::typ(0), L"alle"), typGroup_),
@@ -255,6 +257,10 @@ void Form1::hideSetup() {
             control->hide();
         }
     }
+    if (concealed()) {
+        Pic2.hide();
+        endConcealment();
+    }
 }
 
 void Form1::drawEmblem() {
@@ -288,10 +294,24 @@ void Form1::onDpiChanged(int dpi, const RECT& suggested) {
 }
 
 void Form1::cover(const RECT& place) {
+    // A show that stands already stays behind what its user has brought before it.
+    const bool again = covered_.has_value();
     covered_ = place;
+    if (IsIconic(hwnd()) != FALSE) {
+        return;
+    }
+    const UINT order = again ? SWP_NOZORDER | SWP_NOACTIVATE : visible() ? SWP_SHOWWINDOW : SWP_NOACTIVATE;
     SetWindowPos(hwnd(), HWND_TOP, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                 SWP_SHOWWINDOW | SWP_NOCOPYBITS);
-    paintNow();
+                 SWP_NOCOPYBITS | order);
+    if (visible()) {
+        paintNow();
+    }
+}
+
+void Form1::uncover() {
+    if (!visible()) {
+        Form::show();
+    }
 }
 
 // Under Wine a window manager may answer late, with the place that the window had before.
@@ -315,7 +335,10 @@ bool Form1::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
     if (message == WM_ENDSESSION && w != FALSE && onSessionEnd) {
         onSessionEnd();
     }
-    if (message == WM_DISPLAYCHANGE && onScreens) {
+    // A window that comes back may have missed a change while it was minimised.
+    const bool restored = message == WM_SIZE && std::exchange(minimised_, w == SIZE_MINIMIZED) &&
+                          w != SIZE_MINIMIZED && covered_;
+    if ((message == WM_DISPLAYCHANGE || restored) && onScreens) {
         onScreens();
     }
     constexpr WPARAM kCommandBits = 0xFFF0;

@@ -29,7 +29,8 @@ namespace app {
 /// their names and lies them out; what happens at their events is wired by the application.
 class Form1 : public ui::Form {
   public:
-    explicit Form1(ui::EventLoop& loop);
+    /// `concealed`: for a show that starts at once; the set-up is not seen unless the form is shown.
+    explicit Form1(ui::EventLoop& loop, bool concealed = false);
 
     /// Rounds the window's corners.
     void applyRegion();
@@ -39,8 +40,10 @@ class Form1 : public ui::Form {
     /// Hides everything that belongs to the set-up, for good.
     void hideSetup();
     /// Covers a place on the screen, in pixels, and stays there whatever else is asked for; it can still be
-    /// minimised.
+    /// minimised. A form that is not on the screen yet takes the place unseen.
     void cover(const RECT& place);
+    /// Brings a form that took its place unseen onto the screen, all painted.
+    void uncover();
     /// Draws the program's emblem into Pic3.
     void drawEmblem();
 
@@ -128,6 +131,7 @@ class Form1 : public ui::Form {
     /// Whether the window shows its set-up, with its head and round corners.
     bool setup_ = true;
     std::optional<RECT> covered_;
+    bool minimised_ = false;
 };
 
 }  // namespace app

@@ -1,10 +1,8 @@
 #include "app/form1_screen.h"
 
-#include "app/option_set.h"
 #include "app/resource_ids.h"
-#include "platform/monitor_profile.h"
+#include "platform/monitors.h"
 #include "show/caption_rule.h"
-#include "show/fit_rule.h"
 #include "show/step_rule.h"
 #include "ui/event_loop.h"
 
@@ -31,48 +29,30 @@ void Form1Screen::takeOver() {
         const HCURSOR pointer = LoadCursorW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(PANORELL_POINTER));
         form_.Pic2.setPointer(pointer);
         form_.Pic3.setPointer(pointer);
-        // Black before it grows, or the set-up would be seen in a corner of the screen until the next paint.
-        form_.paintNow();
-        ui::EventLoop::current().doEvents();
+        if (form_.visible()) {
+            // Black before it grows, or the set-up would be seen in a corner of the screen until the next
+            // paint.
+            form_.paintNow();
+            ui::EventLoop::current().doEvents();
+        }
     }
     form_.cover(platform::Monitors::current().areaOf(form_.hwnd()));
 }
 
 show::ShowSurface Form1Screen::surfaceToCome() const {
     const platform::Monitors& monitors = platform::Monitors::current();
-    if (form_.Screen2.value() != 1) {
-        return surfaceOf(monitors.areaOf(form_.hwnd()));
-    }
-    return surfaceOf(monitors.areaAt({show::secondScreenLeft(monitors.primaryWidth()), rectangle().top}));
+    const bool second = form_.Screen2.value() == 1;
+    return surfaces_.surfaceOn(
+        second ? monitors.areaAt({show::secondScreenLeft(monitors.primaryWidth()), rectangle().top})
+               : monitors.areaOf(form_.hwnd()));
 }
 
-show::ShowSurface Form1Screen::surfaceOf(const RECT& monitor) const {
-    show::ShowSurface surface;
-    surface.width = monitor.right - monitor.left;
-    surface.height = monitor.bottom - monitor.top;
-    const std::wstring shape =
-        settings_.read(kProgramSection, kShapeKey.name, kShapeKey.fallback, kShapeKey.longest);
-    surface.shape =
-        usesScreenShape(shape) ? static_cast<double>(surface.width) / surface.height : show::kDesignShape;
-    surface.colours = coloursAt(monitor);
-    return surface;
+show::ShowSurface Form1Screen::surface() const {
+    return surfaces_.surfaceOn(platform::Monitors::current().areaOf(form_.hwnd()));
 }
 
 picture::ColourTarget Form1Screen::colours() const {
-    return coloursAt(platform::Monitors::current().areaOf(form_.hwnd()));
-}
-
-picture::ColourTarget Form1Screen::coloursAt(const RECT& monitor) const {
-    if (!matchesColours(
-            settings_.read(kProgramSection, kColourKey.name, kColourKey.fallback, kColourKey.longest))) {
-        return nullptr;
-    }
-    if (!knownMonitor_ || EqualRect(&*knownMonitor_, &monitor) == FALSE) {
-        knownMonitor_ = monitor;
-        knownColours_ = std::make_shared<const std::vector<std::uint8_t>>(
-            platform::MonitorProfiles::current().profileAt(monitor));
-    }
-    return knownColours_;
+    return surfaces_.coloursOf(platform::Monitors::current().areaOf(form_.hwnd()));
 }
 
 SIZE Form1Screen::size() const {

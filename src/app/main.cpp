@@ -15,9 +15,10 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     InitCommonControlsEx(&controls);
     ui::WindowsLoop loop;
     const auto control = media::createMediaControl();
-    app::Application application(loop, *control, platform::programDir());
+    const std::wstring parameters(app::parametersOfCommandLine(GetCommandLineW()));
+    app::Application application(loop, *control, platform::programDir(), app::parseParameters(parameters));
     // A show that the parameters start lets events run, and so may be left before the load has ended.
-    loop.guarded([&] { application.load(std::wstring(app::parametersOfCommandLine(GetCommandLineW()))); });
+    loop.guarded([&] { application.load(parameters); });
     loop.run();
     return 0;
 }

@@ -36,6 +36,9 @@ void OptionSets::load() {
         chooseFolder(parts_.lists.Drive1, parts_.lists.Dir1, parts_.state.rememberedDrive,
                      parts_.state.rememberedFolder);
     }
+    if (onListsWanted) {
+        onListsWanted();
+    }
     if (index >= 0 && index < parts_.lists.File1.count()) {
         parts_.lists.File1.setSelectedIndex(index);
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "app/program_state.h"
 #include "app/setup_controls.h"
 #include "platform/profile_file.h"
@@ -31,6 +33,8 @@ class OptionSets {
     void store();
     /// Makes set `index` (0 ... 3) the active one and loads it; what was not stored is lost.
     void choose(int index);
+    /// Fills the lists where the folder of a set is the one that they begin with, which tells of no change.
+    std::function<void()> onListsWanted;
     /// Gives every set button the name of its folder as tooltip.
     void showFolderNames();
 

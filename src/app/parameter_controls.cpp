@@ -33,6 +33,7 @@ void ParameterControls::apply(const Parameters& parameters) {
     tick(parts_.options.LoopC, parameters.loop);
     tick(parts_.options.MUTE, parameters.videoSound);
     tick(parts_.options.Musik, parameters.music);
+    parts_.fillLists();
     if (parameters.startIndex && parts_.lists.File1.count() > 0) {
         parts_.state.StartIndex = *parameters.startIndex;
         if (*parameters.startIndex < parts_.lists.File1.count()) {

@@ -18,6 +18,8 @@ class ParameterControls {
         Options options;
         /// Makes an option set (index 0 ... 3) the active one and loads it.
         std::function<void(int index)> chooseSet;
+        /// Fills the lists, where no folder was given.
+        std::function<void()> fillLists;
     };
     explicit ParameterControls(Parts parts);
 

@@ -22,7 +22,7 @@ Setup::Setup(const Parts& parts)
       browser_({parts.loop, parts.state, parts.music, parts.video, parts.form.lists(), parts.form.Pic2,
                 parts.form.Start, parts.form.Run}),
       parameters_({parts.state, parts.form.lists(), parts.form.options(),
-                   [this](int index) { sets_.choose(index); }}) {
+                   [this](int index) { sets_.choose(index); }, [this] { browser_.fillLists(); }}) {
     wire();
 }
 
@@ -42,6 +42,7 @@ void Setup::wire() {
             parts_.form.Option1[static_cast<std::size_t>(i)].setSelected(true);
         };
     }
+    sets_.onListsWanted = [this] { browser_.fillLists(); };
     form.Musik.onClick = [this] { browser_.musicClicked(); };
     form.Screen2.onClick = [this] { parts_.state.SecondScreen = parts_.form.Screen2.value(); };
     form.SAVE.onClick = [this] { sets_.store(); };
@@ -55,8 +56,6 @@ void Setup::wire() {
 
 void Setup::load(const std::wstring& parameterText) {
     readEditor();
-    // Parameters and sets that name the folder where the lists begin tell of no change.
-    browser_.folderChanged();
     if (!parameterText.empty()) {
         parameters_.apply(parseParameters(parameterText));
     } else {
@@ -65,6 +64,7 @@ void Setup::load(const std::wstring& parameterText) {
             parts_.form.Option1[static_cast<std::size_t>(*index)].setSelected(true);
         }
     }
+    browser_.fillLists();
     sets_.showFolderNames();
 }
 

@@ -2,10 +2,12 @@
 
 namespace app {
 
-Show::Show(ui::EventLoop& loop, media::MediaControl& control, Form1& form,
-           const platform::ProfileFile& settings)
+Show::Show(ui::EventLoop& loop, media::MediaControl& control, Form1& form, SurfaceSettings& surfaces,
+           show::PictureSource& pictures)
     : form_(form),
-      screen_(form, settings),
+      surfaces_(surfaces),
+      screen_(form, surfaces),
+      pictures_(pictures),
       runner_({loop, form.Pic2, form.Pic3, form.Timer2, form.Check1}),
       captions_({loop, state_, form.Pic2, form.Pic3, form.UT, form.Text1, form.Timer3}),
       video_({loop, control, music_, form.stage(), form.choices(), form.timers(),
@@ -25,6 +27,13 @@ void Show::wire() {
     form_.EOT.onClick = [this] { slideshow_.stop(); };
     form_.Pic2.onPressed = [this](const ui::MouseEvent& event) { controls_.mousePressed(event.button); };
     form_.onKey = [this](int key, bool) { return controls_.keyDown(key); };
+}
+
+void Show::run() {
+    start();
+    controls_.keyPress(L' ');
+    // A film fades in for seconds, with the second press of a double click in the queue.
+    slideshow_.noteStart();
 }
 
 void Show::prepare(const std::wstring& path) {

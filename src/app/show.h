@@ -5,13 +5,13 @@
 
 #include "app/form1.h"
 #include "app/form1_screen.h"
+#include "app/surface_settings.h"
 #include "media/background_music.h"
 #include "media/media_control.h"
 #include "media/music_state.h"
 #include "media/video_playback.h"
-#include "platform/profile_file.h"
 #include "show/captions.h"
-#include "show/picture_ahead.h"
+#include "show/picture_source.h"
 #include "show/script_player.h"
 #include "show/show_controls.h"
 #include "show/show_state.h"
@@ -24,12 +24,14 @@ namespace app {
 /// The show in the main window: its engines, and which events of the window steer them.
 class Show {
   public:
-    Show(ui::EventLoop& loop, media::MediaControl& control, Form1& form,
-         const platform::ProfileFile& settings);
+    Show(ui::EventLoop& loop, media::MediaControl& control, Form1& form, SurfaceSettings& surfaces,
+         show::PictureSource& pictures);
 
     /// Whether a show runs, or stands at its end.
     bool running() const { return state_.showMode != show::kNoShow; }
     void start() { slideshow_.start(); }
+    /// Starts the show and lets it step by itself.
+    void run();
     void stop() { slideshow_.stop(); }
     /// A character was typed; true when it was meant for the show.
     bool typed(wchar_t character) { return controls_.keyPress(character); }
@@ -41,7 +43,7 @@ class Show {
     void keepItemAcross(const std::function<void()>& refresh) { slideshow_.keepItemAcross(refresh); }
     /// The screens have changed: the surface and the item shown follow.
     void screensChanged() {
-        screen_.forgetColours();
+        surfaces_.forget();
         slideshow_.screensChanged();
     }
     /// Whether the display has to stay awake: while a show runs, not at its end.
@@ -66,10 +68,11 @@ class Show {
     show::Engines engines() { return {runner_, captions_, script_, video_, player_, music_}; }
 
     Form1& form_;
+    SurfaceSettings& surfaces_;
     show::ShowState state_;
     media::MusicState music_;
     Form1Screen screen_;
-    show::PictureAhead pictures_;
+    show::PictureSource& pictures_;
     show::TransitionRunner runner_;
     show::Captions captions_;
     media::VideoPlayback video_;

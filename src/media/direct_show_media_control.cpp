@@ -22,7 +22,8 @@ std::string key(std::string alias) {
 
 template <typename Handle>
 Handle handleOf(std::uint64_t number) {
-    return reinterpret_cast<Handle>(static_cast<std::uintptr_t>(number));
+    // Only 32 bits of a handle count; in 64 bits the system holds them with their sign.
+    return reinterpret_cast<Handle>(static_cast<std::intptr_t>(static_cast<std::int32_t>(number)));
 }
 
 const char* nameOf(MediaGraph::Mode mode) {

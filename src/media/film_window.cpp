@@ -22,8 +22,15 @@ RECT clientOnScreen(HWND window) {
 
 /// Windows of the store apps that wait in the background count as visible but are not shown.
 bool isCloaked(HWND window) {
+    // Asked for once in a long while: the library is not worth being loaded at every start.
+    using Ask = HRESULT(WINAPI*)(HWND, DWORD, PVOID, DWORD);
+    const HMODULE library = LoadLibraryW(L"dwmapi.dll");
+    const auto ask =
+        library != nullptr
+            ? reinterpret_cast<Ask>(reinterpret_cast<void*>(GetProcAddress(library, "DwmGetWindowAttribute")))
+            : nullptr;
     DWORD cloaked = 0;
-    return SUCCEEDED(DwmGetWindowAttribute(window, DWMWA_CLOAKED, &cloaked, sizeof cloaked)) && cloaked != 0;
+    return ask != nullptr && SUCCEEDED(ask(window, DWMWA_CLOAKED, &cloaked, sizeof cloaked)) && cloaked != 0;
 }
 
 bool covers(HWND window, const RECT& area) {
@@ -57,13 +64,13 @@ bool isUncovered(HWND window) {
     return true;
 }
 
-void copyFromScreen(HWND window, const picture::Surface& frame) {
+bool copyFromScreen(HWND window, const picture::Surface& frame) {
     const RECT area = clientOnScreen(window);
     const platform::WindowDc screen(nullptr);
     SetStretchBltMode(frame.dc(), HALFTONE);
     SetBrushOrgEx(frame.dc(), 0, 0, nullptr);
-    StretchBlt(frame.dc(), 0, 0, frame.width(), frame.height(), screen.get(), area.left, area.top,
-               area.right - area.left, area.bottom - area.top, SRCCOPY | CAPTUREBLT);
+    return StretchBlt(frame.dc(), 0, 0, frame.width(), frame.height(), screen.get(), area.left, area.top,
+                      area.right - area.left, area.bottom - area.top, SRCCOPY | CAPTUREBLT) != FALSE;
 }
 
 }  // namespace media

@@ -14,7 +14,8 @@ void disableChildren(HWND parent);
 /// window lies over any part of it.
 bool isUncovered(HWND window);
 
-/// Copies what the screen shows of a window's client area, scaled to `frame`.
-void copyFromScreen(HWND window, const picture::Surface& frame);
+/// Copies what the screen shows of a window's client area, scaled to `frame`; false where the screen cannot
+/// be read, as while it is locked.
+bool copyFromScreen(HWND window, const picture::Surface& frame);
 
 }  // namespace media

@@ -79,8 +79,7 @@ std::optional<picture::Surface> lastFrame(MediaControl& control, const ui::Pictu
     if (update(control, "VIDEO", frame)) {
         return frame;
     }
-    if (isUncovered(box.hwnd())) {
-        copyFromScreen(box.hwnd(), frame);
+    if (isUncovered(box.hwnd()) && copyFromScreen(box.hwnd(), frame) && isPainted(frame)) {
         return frame;
     }
     return frameBeside(control, path, frame) ? std::optional(std::move(frame)) : std::nullopt;

@@ -9,8 +9,8 @@ struct MediaReply {
     /// The reply up to its first NUL; empty where the command has no reply or failed. A number is
     /// decimal text.
     std::string text;
-    /// 0, or the device's error number. The program keeps it and never decides anything by it: a film that
-    /// cannot be played is passed over in silence.
+    /// 0, or the device's error number. It is never told to the user: a film that cannot be played is passed
+    /// over in silence.
     unsigned error = 0;
 
     friend bool operator==(const MediaReply&, const MediaReply&) = default;

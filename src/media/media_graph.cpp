@@ -26,10 +26,9 @@ MediaGraph::MediaGraph(const std::wstring& path, HWND parent)
     if (!control_ || !filter_ || !seeking_) {
         throw platform::Error("QueryInterface", static_cast<unsigned long>(E_NOINTERFACE));
     }
-    if (parts_.frames) {
-        window_ = parts_.graph.as<IVideoWindow>(IID_IVideoWindow);
-        embed(parent);
-    }
+    // Also where no frames can be taken: the renderer would show a window of its own.
+    window_ = parts_.graph.as<IVideoWindow>(IID_IVideoWindow);
+    embed(parent);
     cue(0);
     measure();
 }
@@ -43,14 +42,19 @@ MediaGraph::~MediaGraph() {
 }
 
 void MediaGraph::embed(HWND parent) {
-    window_->put_AutoShow(OAFALSE);
-    if (parent == nullptr) {
+    if (!window_) {
+        return;
+    }
+    // Without a picture in the file nothing answers.
+    if (FAILED(window_->put_AutoShow(OAFALSE)) || parent == nullptr) {
         window_.reset();
         return;
     }
     window_->put_Owner(reinterpret_cast<OAHWND>(parent));
     window_->put_WindowStyle(WS_CHILD | WS_CLIPSIBLINGS);
-    window_->SetWindowPosition(0, 0, parts_.frames->width(), parts_.frames->height());
+    if (parts_.frames) {
+        window_->SetWindowPosition(0, 0, parts_.frames->width(), parts_.frames->height());
+    }
 }
 
 void MediaGraph::jump(Ticks position) {

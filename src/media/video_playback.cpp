@@ -62,6 +62,8 @@ void VideoPlayback::OpenAndPlayVideo(const std::wstring& path) {
     fillBox();
     parts_.loop.doEvents();
     parts_.control.send("play VIDEO");
+    // Some devices make their window only now.
+    disableChildren(parts_.stage.Pic2.hwnd());
     parts_.loop.doEvents();
 }
 

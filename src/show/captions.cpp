@@ -49,6 +49,12 @@ void Captions::placeTitle() {
     parts_.UT.setText(fitted(title_));
 }
 
+void Captions::liftDate() {
+    if (stamped_) {
+        parts_.Pic2.image().copyFrom(parts_.Pic3.image());
+    }
+}
+
 void Captions::surfaceChanged() {
     if (parts_.UT.visible()) {
         placeTitle();

@@ -32,6 +32,8 @@ class Captions {
     /// Takes standing captions away at once, before a step loads the next picture.
     void end();
 
+    /// Gives Pic2 its clean image back beneath a standing date, before its surface changes.
+    void liftDate();
     /// Places the captions anew on a surface that has another size or scaling, and prints a standing date
     /// onto the image that Pic2 holds now.
     void surfaceChanged();

@@ -19,6 +19,8 @@ class ShowScreen {
     /// Hides the set-up controls, drops the rounded region, turns black and fills the monitor that the window
     /// is on, to the pixel. From now on the pointer over it is the show's own.
     virtual void takeOver() = 0;
+    /// Brings a window that was not on the screen before onto it, with what it shows by now.
+    virtual void uncover() = 0;
     /// Inner size in pixels, once the window has taken over.
     virtual SIZE size() const = 0;
     /// Places what lies over the surface (end button, title box) for that size.

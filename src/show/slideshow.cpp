@@ -66,6 +66,14 @@ void Slideshow::start() {
     takeSurface();
     awake_ = std::make_unique<platform::DisplayAwake>();
     showFirst();
+    if (surfaceChanged_) {
+        parts_.screen.takeOver();
+        fitSurface();
+    }
+    noteStart();
+}
+
+void Slideshow::noteStart() {
     startedAt_ = parts_.loop.now();
 }
 
@@ -86,20 +94,28 @@ void Slideshow::takeSurface() {
 }
 
 void Slideshow::screensChanged() {
-    if (parts_.state.showMode == kNoShow || starting_) {
+    if (parts_.state.showMode == kNoShow) {
+        return;
+    }
+    surfaceChanged_ = true;
+    if (starting_) {
         return;
     }
     parts_.screen.takeOver();
-    if (parts_.engines.runner.running()) {
-        surfaceChanged_ = true;
-        parts_.engines.runner.complete();
-    } else {
+    parts_.engines.runner.complete();
+    if (!parts_.engines.runner.running()) {
         fitSurface();
     }
 }
 
 void Slideshow::fitSurface() {
+    const SIZE size = parts_.screen.size();
+    // A minimised window has none; it is asked again when it comes back.
+    if (!surfaceChanged_ || size.cx <= 0 || size.cy <= 0) {
+        return;
+    }
     surfaceChanged_ = false;
+    parts_.engines.captions.liftDate();
     takeSurface();
     fitItem();
     parts_.engines.captions.surfaceChanged();
@@ -138,6 +154,7 @@ void Slideshow::showFirst() {
     bool loaded = true;
     if (files::isVideoName(parts_.state.currentPicture)) {
         parts_.stage.Pic2.show();
+        parts_.screen.uncover();
         parts_.engines.video.videoShowing = 1;
         parts_.engines.video.OpenAndPlayVideo(parts_.state.currentPicture);
         parts_.engines.video.halt();
@@ -155,6 +172,7 @@ void Slideshow::showFirst() {
         onStarted();
     }
     parts_.stage.Pic2.show();
+    parts_.screen.uncover();
     UpdateWindow(parts_.stage.Pic2.hwnd());
     parts_.screen.pointer().hide();
     if (loaded) {
@@ -176,7 +194,7 @@ void Slideshow::showFirst() {
 }
 
 void Slideshow::continueAutomatically() {
-    if (parts_.engines.video.videoShowing != 0) {
+    if (parts_.engines.video.videoShowing != 0 && !parts_.state.quickStepPending) {
         parts_.state.showMode = kAutomatically;
         parts_.engines.video.resume();
         if (parts_.timers.Timer1.interval() <= 0) {
@@ -257,7 +275,7 @@ void Slideshow::keepItemAcross(const std::function<void()>& refresh) {
     } else if (!name.empty()) {
         const int index = parts_.choices.File1.indexOf(name);
         // The next file took the place of one that is gone, and a step adds 1.
-        const int now = index >= 0 ? index : std::min(standing, count) - 1;
+        const int now = index >= 0 ? index : std::min(standing, count) - (backFrom_ ? 0 : 1);
         parts_.state.pictureIndex = std::clamp(now + before - standing, -1, count);
         if (backFrom_) {
             backFrom_ = now;
@@ -293,6 +311,14 @@ void Slideshow::tick() {
         parts_.timers.Timer1.setEnabled(false);
         return;
     }
+    // Before the step is made: events run meanwhile, and a key among them is still meant for the film.
+    if (parts_.engines.video.videoShowing == 1) {
+        parts_.engines.video.CaptureLastFrameAndClose();
+        if (parts_.state.showMode == kNoShow) {
+            return;
+        }
+        parts_.state.quickStepPending = false;
+    }
     const Step step =
         nextStep(parts_.state.pictureIndex, parts_.choices.File1.count(), parts_.choices.LoopC.value() == 1);
     parts_.state.pictureIndex = step.index;
@@ -303,9 +329,6 @@ void Slideshow::tick() {
     if (step.endOfList) {
         endOfList();
         return;
-    }
-    if (parts_.engines.video.videoShowing == 1) {
-        parts_.engines.video.CaptureLastFrameAndClose();
     }
     parts_.state.currentPicture = pathOf(parts_.state.pictureIndex);
     if (files::isVideoName(parts_.state.currentPicture)) {
@@ -329,9 +352,7 @@ void Slideshow::showPicture() {
     prepareNeighbours();
     parts_.engines.runner.run(
         [this] { parts_.engines.captions.updateInformation(parts_.engines.runner.currentEffect); });
-    if (surfaceChanged_) {
-        fitSurface();
-    }
+    fitSurface();
     // The pause counts from here, so that a picture stands still for all of it.
     if (parts_.timers.Timer1.enabled() && !parts_.state.quickStepPending) {
         parts_.timers.Timer1.restart();
@@ -380,9 +401,6 @@ void Slideshow::endOfList() {
     parts_.timers.Timer5.setEnabled(false);
     parts_.stage.Text1.hide();
     SetCursorPos(0, 0);
-    if (parts_.engines.video.videoShowing == 1) {
-        parts_.engines.video.CaptureLastFrameAndClose();
-    }
     parts_.engines.captions.end();
     roundEndButton();
     parts_.stage.EOT.toFront();

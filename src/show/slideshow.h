@@ -47,6 +47,8 @@ class Slideshow {
     bool stepBack();
     /// Whether the end of the list was reached and the last item stands under the end button.
     bool atEnd() const;
+    /// The click that started the show has been carried out only now: a double click counts from here.
+    void noteStart();
     /// Whether the show has started within the time of a double click, or is starting.
     bool justStarted() const;
     /// The screens have other sizes, places or scalings: the surface follows to what is there and the item

@@ -62,6 +62,7 @@ bool isBystanderKey(int virtualKey) {
         {0x90, 0x91},  // num lock, scroll lock
         {0xA0, 0xA5},  // Shift, Ctrl, Alt, left and right
         {0xA6, 0xB7},  // browser, volume, media, mail, programs
+        {0xFF, 0xFF},  // what only a notebook has, as for its brightness
     };
     return std::any_of(std::begin(kRanges), std::end(kRanges), [&](const Range& range) {
         return virtualKey >= range.first && virtualKey <= range.last;

@@ -3,7 +3,6 @@
 #include <commctrl.h>
 
 #include <stdexcept>
-#include <utility>
 
 #include "ui/painting.h"
 #include "ui/theme.h"
@@ -122,12 +121,6 @@ bool ComboBox::onReflected(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
         return true;
     }
     switch (HIWORD(w)) {
-        case CBN_SELENDCANCEL:
-            cancelled_ = true;
-            return true;
-        case CBN_SELENDOK:
-            cancelled_ = false;
-            return true;
         case CBN_CLOSEUP:
             takeChoice();
             return true;
@@ -144,12 +137,17 @@ bool ComboBox::onReflected(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
 // What the arrow keys pass in the open list is no choice before the list closes, and none when Escape closes
 // it.
 void ComboBox::takeChoice() {
-    if (std::exchange(cancelled_, false)) {
-        select(lastIndex_);
-    } else if (selectedIndex() != lastIndex_) {
+    if (!cancelled_ && selectedIndex() != lastIndex_) {
         lastIndex_ = selectedIndex();
         changed();
     }
+}
+
+void ComboBox::cancel() {
+    cancelled_ = true;
+    SendMessageW(hwnd(), CB_SHOWDROPDOWN, FALSE, 0);
+    cancelled_ = false;
+    select(lastIndex_);
 }
 
 bool ComboBox::droppedDown() const {

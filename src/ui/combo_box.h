@@ -24,6 +24,8 @@ class ComboBox : public Control {
     void applyDpi() override;
     /// Whether the list is open. Its keys are its own then: Escape closes it and changes nothing.
     bool droppedDown() const;
+    /// Closes the open list; the item chosen before stays.
+    void cancel();
 
     std::function<void()> onChange;
 

@@ -7,7 +7,7 @@
 namespace ui {
 
 Control::Control(const CreateArgs& args)
-    : place_(args.place), font_(args.font), visible_(args.visible), parentWindow_(args.parent.hwnd()) {}
+    : place_(args.place), font_(args.font), visible_(args.visible), parent_(args.parent) {}
 
 Window::Style Control::styleFor(const CreateArgs& args, const wchar_t* className, DWORD style,
                                 DWORD exStyle) const {
@@ -15,10 +15,10 @@ Window::Style Control::styleFor(const CreateArgs& args, const wchar_t* className
     Style made;
     made.className = className;
     made.text = args.text.c_str();
-    made.style = style | WS_CHILD | WS_CLIPSIBLINGS | (args.visible ? WS_VISIBLE : 0) |
+    made.style = style | WS_CHILD | WS_CLIPSIBLINGS | (args.visible && !concealed() ? WS_VISIBLE : 0) |
                  (args.tabStop ? WS_TABSTOP : 0) | (args.startsGroup ? WS_GROUP : 0);
     made.exStyle = exStyle;
-    made.parent = parentWindow_;
+    made.parent = parent_.hwnd();
     made.id = args.id;
     made.left = toPixels(place_.left, dpi);
     made.top = toPixels(place_.top, dpi);
@@ -56,7 +56,18 @@ void Control::applyPlace() {
 
 void Control::setVisible(bool visible) {
     visible_ = visible;
-    ShowWindow(hwnd(), visible ? SW_SHOWNA : SW_HIDE);
+    if (!concealed()) {
+        ShowWindow(hwnd(), visible ? SW_SHOWNA : SW_HIDE);
+    }
+}
+
+void Control::reveal() {
+    if (visible_) {
+        ShowWindow(hwnd(), SW_SHOWNA);
+    }
+    if (!toolTip_.empty()) {
+        Tooltip::of(GetAncestor(hwnd(), GA_ROOT)).set(hwnd(), toolTip_);
+    }
 }
 
 bool Control::enabled() const {
@@ -91,8 +102,13 @@ void Control::setText(const std::wstring& text) {
 }
 
 void Control::setToolTip(const std::wstring& text) {
+    if (text == toolTip_) {
+        return;
+    }
     toolTip_ = text;
-    Tooltip::of(GetAncestor(hwnd(), GA_ROOT)).set(hwnd(), text);
+    if (!concealed()) {
+        Tooltip::of(GetAncestor(hwnd(), GA_ROOT)).set(hwnd(), text);
+    }
 }
 
 void Control::setFont(const FontSpec& font) {

@@ -56,6 +56,9 @@ class Control : public Window {
     void setFont(const FontSpec& font);
     void setFocus();
     bool hasFocus() const;
+    bool concealed() const override { return parent_.concealed(); }
+    /// Shows a control that was made out of sight, and its tip, now that its form comes into sight.
+    void reveal();
     /// Brings the control in front of its siblings.
     void toFront();
     void repaint();
@@ -93,7 +96,7 @@ class Control : public Window {
     bool visible_;
     bool lostFocus_ = false;
     wchar_t accessKey_ = 0;
-    HWND parentWindow_;
+    const Window& parent_;
 };
 
 }  // namespace ui

@@ -32,7 +32,7 @@ BOOL CALLBACK collect(HWND window, LPARAM target) {
 
 }  // namespace
 
-Form::Form(const Args& args) : background_(theme::kGround) {
+Form::Form(const Args& args) : background_(theme::kGround), concealed_(args.concealed) {
     Style style;
     style.className = args.className;
     style.text = args.title.c_str();
@@ -64,6 +64,11 @@ Form::~Form() {
 }
 
 void Form::show() {
+    if (std::exchange(concealed_, false)) {
+        for (Control* control : controls()) {
+            control->reveal();
+        }
+    }
     fresh_ = !visible();
     // Becoming active changes controls, which paint themselves at once: that comes when all of them have.
     ShowWindow(hwnd(), SW_SHOWNA);
@@ -268,12 +273,12 @@ bool Form::onMouseMove(const MouseEvent& event) {
 
 // Escape in an open list closes the list; the character that it is translated to would reach the form.
 bool Form::closesList(const MSG& message) {
-    const auto* list = dynamic_cast<ComboBox*>(Window::from(message.hwnd));
+    auto* list = dynamic_cast<ComboBox*>(Window::from(message.hwnd));
     if (message.message != WM_KEYDOWN || message.wParam != VK_ESCAPE || list == nullptr ||
         !list->droppedDown()) {
         return false;
     }
-    DispatchMessageW(&message);
+    list->cancel();
     return true;
 }
 

@@ -25,6 +25,7 @@ class Form : public Window {
         Twips width = 0;  ///< of the client area
         Twips height = 0;
         bool borderless = false;
+        bool concealed = false;  ///< its controls are made out of sight, until it is shown
         const Window* owner = nullptr;
     };
     /// Makes the form, centred on the work area of the primary monitor and not yet visible. Throws
@@ -32,7 +33,8 @@ class Form : public Window {
     explicit Form(const Args& args);
     ~Form() override;
 
-    /// Shows the form, all painted, and brings it to the front.
+    bool concealed() const override { return concealed_; }
+    /// Shows the form, all painted, and brings it to the front. One that is concealed is revealed.
     void show();
     void hide();
     /// Paints the form and all its controls before it returns.
@@ -68,6 +70,8 @@ class Form : public Window {
     std::function<void()> onDpi;
 
   protected:
+    /// What is out of sight stays so, but counts as any other form's from now on.
+    void endConcealment() { concealed_ = false; }
     /// Draws more onto the ground, below the cards.
     virtual void drawGround(Painting&) {}
 
@@ -100,6 +104,7 @@ class Form : public Window {
 
     Rgb background_;
     std::vector<TwipsRect> cards_;
+    bool concealed_;
     bool movable_ = false;
     bool navigation_ = true;
     bool dragging_ = false;

@@ -42,6 +42,9 @@ class Window {
     /// The colour behind a place in the client area (pixels), for what is drawn see-through there. A window
     /// that paints no ground of its own shows its parent's.
     virtual Rgb groundAt(POINT place) const;
+    /// Whether what lies in the window is made out of sight: neither shown nor given tips before it is
+    /// revealed.
+    virtual bool concealed() const { return false; }
 
   protected:
     Window() = default;

@@ -72,6 +72,7 @@ class FakeScreen : public show::ShowScreen {
     bool inSetup() const override { return !tookOver; }
     void moveToSecondScreen() override { movedToSecond = true; }
     void takeOver() override { tookOver = true; }
+    void uncover() override {}
     SIZE size() const override { return {160, 120}; }
     void arrange() override { arranged = true; }
     show::ShowSurface surface() const override { return {160, 120}; }

@@ -7,6 +7,7 @@
 #include "media/fallback_media_control.h"
 #include "media_fixture.h"
 #include "support/film_frame.h"
+#include "support/import_hook.h"
 #include "support/video_stage.h"
 
 namespace media {
@@ -166,6 +167,19 @@ TEST(LastFrame, OfARealFilmIsFoundBesideIt) {
     ASSERT_TRUE(number) << "a whole frame of the film";
     EXPECT_NEAR(*number * 40.0, at, 700.0) << "25 frames a second; where decoding can begin";
     control.send("close VIDEO");
+}
+
+BOOL WINAPI refusedStretch(HDC, int, int, int, int, HDC, int, int, int, int, DWORD) {
+    return FALSE;
+}
+
+// As while the computer is locked.
+TEST(LastFrame, IsNotMadeUpWhereTheScreenCannotBeRead) {
+    DeafStage stage;
+    stage.showFilm();
+    const support::ImportHook hook("StretchBlt", refusedStretch);
+    EXPECT_FALSE(lastFrame(stage.control, stage.Pic2, stage.pathOf(L"b.mpg")));
+    EXPECT_THAT(stage.control.commands(), Contains(testing::EndsWith(" alias FRAME")));
 }
 
 }  // namespace

@@ -278,5 +278,50 @@ TEST_F(ScreensTest, AShowRefusesScreenSaverAndSleepUntilItsEnd) {
     EXPECT_FALSE(refuses(SC_MONITORPOWER));
 }
 
+TEST_F(ScreensTest, AMinimisedShowFollowsWhenItComesBack) {
+    stage.loadFolder();
+    form().Run.click();
+    ShowWindow(form().hwnd(), SW_MINIMIZE);
+    ASSERT_TRUE(IsIconic(form().hwnd()));
+    resize({0, 0, 800, 300});
+    EXPECT_EQ(form().Pic2.image().width(), 640) << "as it was";
+    ShowWindow(form().hwnd(), SW_RESTORE);
+    ASSERT_TRUE(stage.until([&] { return form().Pic2.image().width() == 800; }));
+    expectSurface({0, 0, 800, 300});
+    EXPECT_TRUE(support::alike(at(400, 150), kRed));
+    stage.loop.advance(5200);
+    EXPECT_EQ(stage.showState().pictureIndex, 1);
+}
+
+TEST_F(ScreensTest, ADoubleClickOnRunIsOneClickWhereAFilmFadesInFirst) {
+    stage.pictures.file(L"0.mpg", "no film");
+    stage.control.replyTo("status VIDEO length", "60000");
+    stage.loadFolder();
+    ASSERT_EQ(form().MUTE.value(), 1);
+    form().Run.click();
+    stage.control.clear();
+    SendMessageW(form().Pic2.hwnd(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(300, 300));
+    EXPECT_EQ(stage.showState().showMode, show::kAutomatically);
+    EXPECT_THAT(stage.control.commands(), testing::IsEmpty()) << "the film is not halted";
+    stage.loop.advance(GetDoubleClickTime() + 10);
+    SendMessageW(form().Pic2.hwnd(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(300, 300));
+    EXPECT_EQ(stage.showState().showMode, show::kByHand);
+}
+
+TEST_F(ScreensTest, TheSettingsTellTheShapeThatPicturesAreComparedWith) {
+    stage.monitors.first = RECT{0, 0, 640, 360};
+    stage.loadFolder();
+    form().Start.click();
+    EXPECT_EQ(at(40, 180), 0U) << "4:3 keeps its shape on a wide screen";
+    EXPECT_TRUE(support::alike(at(320, 2), kRed));
+    stage.application.reset();
+    stage.program.file(L"Panorell.ini", "[Prog]\r\nShape=4:3\r\n");
+    stage.create();
+    stage.loadFolder();
+    form().Start.click();
+    EXPECT_TRUE(support::alike(at(2, 180), kRed)) << "or is stretched over it";
+    EXPECT_TRUE(support::alike(at(637, 180), kRed));
+}
+
 }  // namespace
 }  // namespace app

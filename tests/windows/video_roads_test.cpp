@@ -1,6 +1,8 @@
 // Every road into a video of the show and out of it, by the commands that are sent on the way.
 #include <gmock/gmock.h>
 
+#include <utility>
+
 #include "show/step_rule.h"
 #include "support/video_road.h"
 
@@ -474,6 +476,75 @@ TEST(VideoEntries, TheFirstItemTakesItsOwnWithoutADate) {
     EXPECT_EQ(stage.state.pictureIndex, 1);
     EXPECT_FALSE(stage.UT.visible());
     EXPECT_EQ(stage.runner.effectNumber, 3) << "other videos take none";
+}
+
+/// Presses a key in the middle of the next capture.
+void keyInTheCapture(RoadStage& stage, int key) {
+    const auto paint = stage.control.onSend;
+    stage.control.onSend = [&stage, paint, key, pressed = false](const std::string& command) mutable {
+        paint(command);
+        if (command.rfind("update VIDEO", 0) == 0 && !std::exchange(pressed, true)) {
+            stage.loop.at(0, [&stage, key] { stage.key(key); });
+        }
+    };
+}
+
+TEST(VideoRoads, LeftInTheMiddleOfACaptureGoesBack) {
+    for (const bool byHand : {false, true}) {
+        RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "3000");
+        stage.startAutomatically();
+        stage.loop.advance(1000);
+        if (byHand) {
+            stage.controls.mousePressed(ui::MouseButton::Left);
+        }
+        stage.key(VK_RIGHT);
+        stage.loop.advance(150);
+        ASSERT_EQ(stage.video.videoShowing, 1);
+        keyInTheCapture(stage, VK_LEFT);
+        if (byHand) {
+            stage.key(VK_RIGHT);
+        }
+        stage.loop.advance(3100);
+        EXPECT_EQ(stage.state.pictureIndex, 0) << byHand;
+        EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"a.jpg")) << byHand;
+    }
+}
+
+TEST(VideoRoads, LeftInTheCaptureOfTheFirstItemDoesNothing) {
+    RoadStage stage({L"a.mpg", L"b.jpg", L"c.jpg"}, "1500");
+    stage.startAutomatically();
+    keyInTheCapture(stage, VK_LEFT);
+    stage.loop.advance(1700);
+    EXPECT_EQ(stage.state.pictureIndex, 1);
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"b.jpg"));
+}
+
+TEST(VideoRoads, LeftInTheCaptureOfTheLastItemGoesBackIntoTheShow) {
+    RoadStage stage({L"a.jpg", L"b.mpg"}, "3000");
+    stage.startAutomatically();
+    stage.loop.advance(5001);
+    keyInTheCapture(stage, VK_LEFT);
+    stage.loop.advance(3100);
+    EXPECT_FALSE(stage.EOT.visible());
+    EXPECT_EQ(stage.state.pictureIndex, 0);
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"a.jpg"));
+}
+
+TEST(VideoRoads, ABlankDoesNotTakeAnAskedStepBack) {
+    for (const int key : {VK_RIGHT, VK_LEFT}) {
+        RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "10000");
+        stage.startAutomatically();
+        stage.loop.advance(1000);
+        stage.controls.mousePressed(ui::MouseButton::Left);
+        stage.key(VK_RIGHT);
+        stage.loop.advance(150);
+        ASSERT_EQ(stage.video.videoShowing, 1);
+        stage.key(key);
+        stage.type(L' ');
+        stage.loop.advance(150);
+        EXPECT_EQ(stage.state.pictureIndex, key == VK_RIGHT ? 2 : 0);
+        EXPECT_EQ(stage.state.showMode, show::kAutomatically);
+    }
 }
 
 }  // namespace
