@@ -33,11 +33,10 @@ ListBox::ListBox(const CreateArgs& args, DWORD style)
       multiple_((style & LBS_MULTIPLESEL) != 0),
       drawsRows_((style & LBS_OWNERDRAWFIXED) != 0) {
     createSystem(styleFor(args, L"ListBox", kStyle | style, WS_EX_CLIENTEDGE));
-    ListBox::applyDpi();
+    created();
 }
 
-void ListBox::applyDpi() {
-    Control::applyDpi();
+void ListBox::applyMeasures() {
     if (drawsRows_) {
         SendMessageW(hwnd(), LB_SETITEMHEIGHT, 0, toPixels(kRow, dpi()));
     }
