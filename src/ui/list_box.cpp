@@ -1,6 +1,5 @@
 #include "ui/list_box.h"
 
-#include <commctrl.h>
 #include <windowsx.h>
 
 #include <stdexcept>
@@ -155,14 +154,14 @@ bool ListBox::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
     switch (message) {
         case WM_LBUTTONDOWN:
         case WM_RBUTTONDOWN:
-            result = DefSubclassProc(hwnd(), message, w, l);
+            result = callSystem(message, w, l);
             if (onPressed) {
                 onPressed(mouseEvent(message, w, l));
             }
             return true;
         case WM_LBUTTONUP:
         case WM_RBUTTONUP:
-            result = DefSubclassProc(hwnd(), message, w, l);
+            result = callSystem(message, w, l);
             if (onReleased) {
                 onReleased(mouseEvent(message, w, l));
             }
