@@ -1,6 +1,7 @@
 #include <windowsx.h>
 
 #include "ui/event_loop.h"
+#include "ui/tooltip.h"
 #include "ui/window.h"
 
 namespace ui {
@@ -28,6 +29,9 @@ bool Window::dispatch(UINT message, WPARAM w, LPARAM l, LRESULT& result) noexcep
 }
 
 bool Window::take(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+    if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) {
+        Tooltip::relay(hwnd_, message, w, l);
+    }
     if (onMessage(message, w, l, result) || reflect(message, w, l, result)) {
         return true;
     }

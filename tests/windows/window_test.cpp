@@ -302,6 +302,28 @@ TEST(SystemControl, MayBeTakenOverByOthersToItsEnd) {
     EXPECT_EQ(Window::from(window), nullptr);
 }
 
+TEST(Tooltip, ShowsWhereThePointerRestsAndEndsWithAPress) {
+    TestForm test;
+    TextBox box(test.args(1), {});
+    box.setToolTip(L"Sekunden");
+    const HWND tip = Tooltip::of(test.form.hwnd()).hwnd();
+    RECT place{};
+    GetWindowRect(box.hwnd(), &place);
+    POINT before{};
+    GetCursorPos(&before);
+    SetCursorPos(static_cast<int>(place.left + place.right) / 2,
+                 static_cast<int>(place.top + place.bottom) / 2);
+    EXPECT_TRUE(test.waitFor([&] { return IsWindowVisible(tip) != FALSE; }));
+    wchar_t shown[40]{};
+    GetWindowTextW(tip, shown, 40);
+    EXPECT_STREQ(shown, L"Sekunden");
+    test.press(box);
+    EXPECT_FALSE(IsWindowVisible(tip));
+    test.release(box);
+    SetCursorPos(before.x, before.y);
+    test.loop.settle();
+}
+
 // Each placement costs as much as a window.
 TEST(Control, IsMadeAtItsPlaceAndNotPlacedAgain) {
     TestForm test;
