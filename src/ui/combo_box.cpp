@@ -26,8 +26,7 @@ ComboBox::ComboBox(const CreateArgs& args) : Control(args) {
 
 // The system makes the box as high as its font wants; the layout decides here, and the place's height is that
 // of the closed box.
-void ComboBox::applyDpi() {
-    Control::applyDpi();
+void ComboBox::applyMeasures() {
     constexpr WPARAM kBox = static_cast<WPARAM>(-1);
     const int wanted = toPixels(top() + height(), dpi()) - toPixels(top(), dpi());
     // What the frame adds depends on the theme and shows only afterwards.

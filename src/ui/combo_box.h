@@ -21,7 +21,6 @@ class ComboBox : public Control {
     /// Raises onChange when another item becomes selected, as a user's choice does. Throws
     /// std::out_of_range; -1 selects none.
     void setSelectedIndex(int index);
-    void applyDpi() override;
     /// Whether the list is open. Its keys are its own then: Escape closes it and changes nothing.
     bool droppedDown() const;
     /// Closes the open list; the item chosen before stays.
@@ -30,6 +29,7 @@ class ComboBox : public Control {
     std::function<void()> onChange;
 
   protected:
+    void applyMeasures() override;
     bool onReflected(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
     void drawRow(const DRAWITEMSTRUCT& row) const;
     /// The list is about to drop down.

@@ -27,8 +27,10 @@ Window::Style Control::styleFor(const CreateArgs& args, const wchar_t* className
     return made;
 }
 
+// Nothing of a new control is on the screen yet, and it lies where it was made.
 void Control::created() {
-    applyDpi();
+    applyFont(Redraw::No);
+    applyMeasures();
 }
 
 void Control::move(const TwipsRect& place) {
@@ -155,9 +157,15 @@ void Control::repaint() {
     InvalidateRect(hwnd(), nullptr, TRUE);
 }
 
+void Control::applyFont(Redraw redraw) {
+    SendMessageW(hwnd(), WM_SETFONT, reinterpret_cast<WPARAM>(fontHandle()),
+                 redraw == Redraw::Yes ? TRUE : FALSE);
+}
+
 void Control::applyDpi() {
-    SendMessageW(hwnd(), WM_SETFONT, reinterpret_cast<WPARAM>(font(font_, dpi())), TRUE);
+    applyFont(Redraw::Yes);
     applyPlace();
+    applyMeasures();
 }
 
 }  // namespace ui

@@ -73,14 +73,16 @@ class Control : public Window {
     virtual bool underlines() const { return false; }
 
     /// Recomputes pixels and font after the form's DPI changed.
-    virtual void applyDpi();
+    void applyDpi();
 
   protected:
     explicit Control(const CreateArgs& args);
     /// Style bits and place in pixels that `args` ask for.
     Style styleFor(const CreateArgs& args, const wchar_t* className, DWORD style, DWORD exStyle = 0) const;
-    /// To be called at the end of each control's constructor.
+    /// To be called at the end of each control's constructor, which made the window at its place.
     void created();
+    /// What else depends on the DPI: measures within the control.
+    virtual void applyMeasures() {}
     HFONT fontHandle() const { return ui::font(font_, dpi()); }
     /// The colour behind the control.
     Rgb ground() const { return groundAt({clientSize().cx / 2, clientSize().cy / 2}); }
@@ -88,6 +90,8 @@ class Control : public Window {
     static LRESULT colours(WPARAM dc, Rgb text, Rgb ground);
 
   private:
+    enum class Redraw { No, Yes };
+    void applyFont(Redraw redraw);
     void applyPlace();
 
     TwipsRect place_;

@@ -1,7 +1,5 @@
 #include "ui/focus_frame.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 
 #include "platform/handles.h"
@@ -26,7 +24,7 @@ bool FocusFrame::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) co
         InvalidateRect(control_.hwnd(), nullptr, TRUE);
         return false;
     }
-    result = DefSubclassProc(control_.hwnd(), message, w, l);
+    result = control_.callSystem(message, w, l);
     const LRESULT cues = SendMessageW(control_.hwnd(), WM_QUERYUISTATE, 0, 0);
     if (control_.hasFocus() && (cues & UISF_HIDEFOCUS) == 0) {
         paint();

@@ -1,7 +1,5 @@
 #include "ui/folder_list.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 #include <utility>
 

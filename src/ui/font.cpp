@@ -37,10 +37,12 @@ HFONT font(const FontSpec& spec, int dpi) {
 }
 
 SIZE measureText(const std::wstring& text, HFONT font) {
-    const platform::WindowDc screen(nullptr);
-    const platform::Selection selected(screen.get(), font);
+    // Kept as the fonts are. The screen's own would do as well, but under Wine getting it asks the server for
+    // the visible region and all monitors.
+    static const HDC screenLike = CreateCompatibleDC(nullptr);
+    const platform::Selection selected(screenLike, font);
     SIZE size{};
-    GetTextExtentPoint32W(screen.get(), text.c_str(), static_cast<int>(text.size()), &size);
+    GetTextExtentPoint32W(screenLike, text.c_str(), static_cast<int>(text.size()), &size);
     return size;
 }
 

@@ -1,6 +1,5 @@
 #include "ui/list_box.h"
 
-#include <commctrl.h>
 #include <windowsx.h>
 
 #include <stdexcept>
@@ -33,11 +32,10 @@ ListBox::ListBox(const CreateArgs& args, DWORD style)
       multiple_((style & LBS_MULTIPLESEL) != 0),
       drawsRows_((style & LBS_OWNERDRAWFIXED) != 0) {
     createSystem(styleFor(args, L"ListBox", kStyle | style, WS_EX_CLIENTEDGE));
-    ListBox::applyDpi();
+    created();
 }
 
-void ListBox::applyDpi() {
-    Control::applyDpi();
+void ListBox::applyMeasures() {
     if (drawsRows_) {
         SendMessageW(hwnd(), LB_SETITEMHEIGHT, 0, toPixels(kRow, dpi()));
     }
@@ -156,14 +154,14 @@ bool ListBox::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
     switch (message) {
         case WM_LBUTTONDOWN:
         case WM_RBUTTONDOWN:
-            result = DefSubclassProc(hwnd(), message, w, l);
+            result = callSystem(message, w, l);
             if (onPressed) {
                 onPressed(mouseEvent(message, w, l));
             }
             return true;
         case WM_LBUTTONUP:
         case WM_RBUTTONUP:
-            result = DefSubclassProc(hwnd(), message, w, l);
+            result = callSystem(message, w, l);
             if (onReleased) {
                 onReleased(mouseEvent(message, w, l));
             }

@@ -48,12 +48,11 @@ class ListBox : public Control {
     /// The return key.
     std::function<void()> onReturn;
 
-    void applyDpi() override;
-
   protected:
     /// `style`: more style bits of the system's list.
     ListBox(const CreateArgs& args, DWORD style);
 
+    void applyMeasures() override;
     bool onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
     bool onReflected(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
     bool onKeyDown(int key, bool repeated) override;

@@ -1,7 +1,5 @@
 #include "ui/option_button.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -57,7 +55,7 @@ bool OptionButton::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) 
     if (message == WM_SETFOCUS) {
         // The system would click a button that gets the focus.
         takingFocus_ = true;
-        result = DefSubclassProc(hwnd(), message, w, l);
+        result = callSystem(message, w, l);
         takingFocus_ = false;
         repaint();
         return true;
@@ -65,7 +63,7 @@ bool OptionButton::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) 
     if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) {
         // The system takes the press first: a handler that lets events run may already meet the release, and
         // a press after it would hold the mouse for ever.
-        result = DefSubclassProc(hwnd(), message, w, l);
+        result = callSystem(message, w, l);
         chosenByMouse_ = true;
         if (onChosen) {
             onChosen();
@@ -73,7 +71,7 @@ bool OptionButton::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) 
         return true;
     }
     if (message == WM_LBUTTONUP) {
-        result = DefSubclassProc(hwnd(), message, w, l);
+        result = callSystem(message, w, l);
         // A press that was not released over the button, or whose handler gave the focus away, makes no
         // click; the next click is another one then.
         chosenByMouse_ = false;

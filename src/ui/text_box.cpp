@@ -1,7 +1,5 @@
 #include "ui/text_box.h"
 
-#include <commctrl.h>
-
 #include "ui/theme.h"
 
 namespace ui {
@@ -41,7 +39,7 @@ bool TextBox::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
         return false;
     }
     if (message == WM_NCCALCSIZE) {
-        result = DefSubclassProc(hwnd(), message, w, l);
+        result = callSystem(message, w, l);
         RECT& area = *reinterpret_cast<RECT*>(l);
         const int spare = static_cast<int>(area.bottom - area.top) - lineHeight();
         if (spare > 0) {
@@ -51,12 +49,12 @@ bool TextBox::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
         return true;
     }
     if (message == WM_NCPAINT) {
-        result = DefSubclassProc(hwnd(), message, w, l);
+        result = callSystem(message, w, l);
         paintMargins();
         return true;
     }
     if (message == WM_SETFONT) {
-        result = DefSubclassProc(hwnd(), message, w, l);
+        result = callSystem(message, w, l);
         SetWindowPos(hwnd(), nullptr, 0, 0, 0, 0,
                      SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
         return true;

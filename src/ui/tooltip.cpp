@@ -1,6 +1,7 @@
 #include "ui/tooltip.h"
 
 #include <commctrl.h>
+#include <windowsx.h>
 
 #include <map>
 #include <memory>
@@ -21,11 +22,15 @@ std::map<HWND, std::unique_ptr<Tooltip>>& all() {
 
 Tooltip& Tooltip::of(HWND owner) {
     std::unique_ptr<Tooltip>& tip = all()[owner];
-    // A window handle may come back for another window after the first one ended.
-    if (tip == nullptr || IsWindow(tip->window_) == FALSE) {
+    if (tip == nullptr || !tip->alive()) {
         tip.reset(new Tooltip(owner));
     }
     return *tip;
+}
+
+// Window handles may come back for other windows after the first ones ended.
+bool Tooltip::alive() const {
+    return GetWindow(window_, GW_OWNER) == owner_;
 }
 
 Tooltip::Tooltip(HWND owner)
@@ -37,10 +42,26 @@ Tooltip::Tooltip(HWND owner)
     SendMessageW(window_, TTM_SETDELAYTIME, TTDT_AUTOPOP, kShownForMs);
 }
 
+void Tooltip::relay(HWND window, UINT message, WPARAM w, LPARAM l) {
+    const auto at = all().find(GetAncestor(window, GA_ROOT));
+    if (at != all().end() && at->second->alive()) {
+        MSG told{};
+        told.hwnd = window;
+        told.message = message;
+        told.wParam = w;
+        told.lParam = l;
+        told.time = static_cast<DWORD>(GetMessageTime());
+        const DWORD pointer = GetMessagePos();
+        told.pt = {GET_X_LPARAM(pointer), GET_Y_LPARAM(pointer)};
+        SendMessageW(at->second->window_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&told));
+    }
+}
+
 void Tooltip::set(HWND control, const std::wstring& text) {
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V1_SIZE;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    // Without TTF_SUBCLASS, which would look up a property of the control for each of its messages.
+    tool.uFlags = TTF_IDISHWND;
     tool.hwnd = owner_;
     tool.uId = reinterpret_cast<UINT_PTR>(control);
     SendMessageW(window_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));

@@ -10,6 +10,7 @@ namespace ui {
 namespace {
 
 constexpr int kSubLines = 8;
+constexpr Rgb kColourBits = 0xFFFFFF;
 constexpr float kPi = std::numbers::pi_v<float>;
 
 using Outline = std::vector<PathPoint>;
@@ -82,6 +83,19 @@ void addSpan(std::vector<float>& coverage, float from, float to) {
         coverage[x] += kShare;
     }
     coverage[last] += (to - static_cast<float>(last)) * kShare;
+}
+
+void paintRow(std::uint32_t* pixels, const std::vector<float>& coverage, Rgb colour, float opacity) {
+    const Rgb pure = colour & kColourBits;
+    for (std::size_t x = 0; x < coverage.size(); ++x) {
+        const float share = std::min(coverage[x], 1.0F) * opacity;
+        // Most pixels of a shape are covered whole; mixing them would give the same.
+        if (share == 1.0F) {
+            pixels[x] = pure;
+        } else if (coverage[x] > 0) {
+            pixels[x] = blend(pixels[x] & kColourBits, colour, share);
+        }
+    }
 }
 
 struct Extent {
@@ -232,11 +246,7 @@ void fill(const Canvas& canvas, const Path& path, Rgb colour, float opacity) {
         }
         std::uint32_t* pixels =
             canvas.bits + static_cast<std::size_t>(row) * static_cast<std::size_t>(canvas.width);
-        for (std::size_t x = 0; x < coverage.size(); ++x) {
-            if (coverage[x] > 0) {
-                pixels[x] = blend(pixels[x] & 0xFFFFFF, colour, std::min(coverage[x], 1.0F) * opacity);
-            }
-        }
+        paintRow(pixels, coverage, colour, opacity);
     }
 }
 

@@ -33,7 +33,7 @@ class Window {
 
     /// Null before creation and after WM_NCDESTROY.
     HWND hwnd() const { return hwnd_; }
-    /// The object behind a handle, or null when the window is none of ours.
+    /// The object behind a handle, or null when the window is none of ours. For the window thread only.
     static Window* from(HWND window);
     /// Dots per inch of the monitor that the window is on; 96 before creation.
     int dpi() const;
@@ -64,6 +64,9 @@ class Window {
     /// Creates one of the system's controls and takes its messages. Throws platform::Error.
     void createSystem(const Style& style);
     void destroy();
+    /// The system's own handling of a message, for what has to come before or after it; 0 once the window has
+    /// ended.
+    LRESULT callSystem(UINT message, WPARAM w, LPARAM l) const;
 
     /// Takes a message apart; only a control that needs a message without a handler below overrides it.
     virtual bool onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result);
@@ -101,9 +104,10 @@ class Window {
     void trackLeave();
 
   private:
+    friend class FocusFrame;  // paints over what the system has painted
+
     static LRESULT CALLBACK ownProc(HWND window, UINT message, WPARAM w, LPARAM l) noexcept;
-    static LRESULT CALLBACK subclassProc(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                                         DWORD_PTR self) noexcept;
+    static LRESULT CALLBACK systemProc(HWND window, UINT message, WPARAM w, LPARAM l) noexcept;
     static bool reflect(UINT message, WPARAM w, LPARAM l, LRESULT& result);
     bool dispatch(UINT message, WPARAM w, LPARAM l, LRESULT& result) noexcept;
     bool take(UINT message, WPARAM w, LPARAM l, LRESULT& result);
@@ -115,6 +119,7 @@ class Window {
     Window* outermost() const;
 
     HWND hwnd_ = nullptr;
+    WNDPROC system_ = DefWindowProcW;  ///< what handles a message that we do not
 };
 
 }  // namespace ui

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <numbers>
 
 namespace {
@@ -32,6 +33,23 @@ TEST(VectorPath, WholePixelsAreFilledExactly) {
         for (int x = 0; x < 10; ++x) {
             const bool inside = x >= 2 && x < 7 && y >= 3 && y < 7;
             EXPECT_EQ(drawing.at(x, y), inside ? 0xFFFFFFU : 0U) << x << "," << y;
+        }
+    }
+}
+
+TEST(VectorPath, AWhollyCoveredPixelIsWhatMixingWouldGive) {
+    const std::uint32_t grounds[] = {0, 0xFFFFFF, 0xFF123456, 0x80FEDC01};
+    const ui::Rgb colours[] = {0, 0xFFFFFF, 0x00A1B2C3, 0xFF654321};
+    for (const std::uint32_t ground : grounds) {
+        for (const ui::Rgb colour : colours) {
+            for (const float opacity : {1.0F, 0.999F, 0.5F, 0.0F}) {
+                Drawing drawing(3, 2);
+                std::fill(drawing.bits.begin(), drawing.bits.end(), ground);
+                fill(drawing.canvas(), ui::Path().rect(0, 0, 2, 2), colour, opacity);
+                EXPECT_EQ(drawing.at(1, 1), ui::blend(ground & 0xFFFFFF, colour, opacity))
+                    << std::hex << ground << " " << colour << " " << opacity;
+                EXPECT_EQ(drawing.at(2, 1), ground) << "beside the shape";
+            }
         }
     }
 }
