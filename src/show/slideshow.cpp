@@ -278,7 +278,7 @@ void Slideshow::keepItemAcross(const std::function<void()>& refresh) {
         const int now = index >= 0 ? index : std::min(standing, count) - (backFrom_ ? 0 : 1);
         parts_.state.pictureIndex = std::clamp(now + before - standing, -1, count);
         if (backFrom_) {
-            backFrom_ = now;
+            backFrom_ = std::min(now, count - 1);
         }
     }
 }

@@ -484,7 +484,7 @@ void keyInTheCapture(RoadStage& stage, int key) {
     stage.control.onSend = [&stage, paint, key, pressed = false](const std::string& command) mutable {
         paint(command);
         if (command.rfind("update VIDEO", 0) == 0 && !std::exchange(pressed, true)) {
-            stage.loop.at(0, [&stage, key] { stage.key(key); });
+            stage.key(key);
         }
     };
 }
