@@ -14,6 +14,8 @@
 #include <utility>
 #include <vector>
 
+#include "photographs.h"
+
 namespace bench {
 
 namespace {
@@ -38,6 +40,7 @@ struct Result {
 struct Options {
     std::string only;
     std::string json;
+    std::string photographs;
     bool list = false;
 };
 
@@ -71,10 +74,13 @@ std::optional<Options> parse(int count, char** arguments) {
             options.list = true;
             continue;
         }
-        if (++i == count || (name != "--only" && name != "--json")) {
+        const std::map<std::string_view, std::string*> texts = {
+            {"--only", &options.only}, {"--json", &options.json}, {"--photographs", &options.photographs}};
+        const auto text = texts.find(name);
+        if (++i == count || text == texts.end()) {
             return std::nullopt;
         }
-        (name == "--only" ? options.only : options.json) = arguments[i];
+        *text->second = arguments[i];
     }
     return options;
 }
@@ -90,6 +96,16 @@ bool writeJson(const std::string& path, const std::vector<Result>& results) {
     file << "]\n";
     file.close();
     return !file.fail();
+}
+
+int writePhotographs(const std::filesystem::path& folder) {
+    try {
+        writePhotographsForPeers(folder.wstring());
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "the photographs cannot be written: %s\n", error.what());
+        return 1;
+    }
 }
 
 int runAll(const Options& options) {
@@ -156,8 +172,12 @@ const std::wstring& temporaryFolder() {
 int main(int count, char** arguments) {
     const auto options = bench::parse(count, arguments);
     if (!options) {
-        std::fprintf(stderr, "panorell_bench [--only PREFIX] [--json FILE | --list]\n");
+        std::fprintf(stderr,
+                     "panorell_bench [--only PREFIX] [--json FILE | --list] | --photographs FOLDER\n");
         return 2;
+    }
+    if (!options->photographs.empty()) {
+        return bench::writePhotographs(options->photographs);
     }
     const int code = bench::runAll(*options);
     if (!bench::createdFolder().empty()) {

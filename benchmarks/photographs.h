@@ -5,8 +5,9 @@
 
 namespace bench {
 
-/// A JPEG file of that many megapixels in the shape 3:2 (24 megapixels are 6000 x 4000), as detailed and as
-/// large as a camera's: about half a byte a pixel. Made on first use; lives in temporaryFolder().
+/// A JPEG file of that many megapixels in the shape 3:2 (24 megapixels are 6000 x 4000). As Windows writes
+/// it, it is as large as a camera's, about half a byte a pixel; Wine's encoder knows one quality only, and
+/// what it writes is an eighth of that, so there is less to decode. Made on first use; lives in temporaryFolder().
 std::wstring photograph(int megapixels);
 
 /// The colours 0x00RRGGBB of the marks in a markedFolder(), in turn.
@@ -17,5 +18,10 @@ inline constexpr int kMarkCount = 3;
 /// screen tells them apart: the first has kMarks[0], the next kMarks[1] and so on in turn. Made on first use;
 /// lives in temporaryFolder(). No backslash at its end.
 std::wstring markedFolder(int count);
+
+/// Writes into `folder` what ./bench peers shows by all programs: "large" is as markedFolder(100), "small"
+/// holds three pictures of 800 x 600 whose mark is the left half, because some programs enlarge them and some
+/// do not. Throws platform::Error where a file cannot be written.
+void writePhotographsForPeers(const std::wstring& folder);
 
 }  // namespace bench
