@@ -5,9 +5,9 @@
 
 namespace bench {
 
-/// A JPEG file of that many megapixels in the shape 3:2 (24 megapixels are 6000 x 4000). As Windows writes
-/// it, it is as large as a camera's, about half a byte a pixel; Wine's encoder knows one quality only, and
-/// what it writes is an eighth of that, so there is less to decode. Made on first use; lives in temporaryFolder().
+/// A JPEG file of that many megapixels in the shape 3:2 (24 megapixels are 6000 x 4000). Meant to
+/// be as large as a camera's, about half a byte a pixel; but Wine's encoder ignores the quality, and what it
+/// writes is an eighth of that, so there is less to decode. Made on first use; lives in temporaryFolder().
 std::wstring photograph(int megapixels);
 
 /// The colours 0x00RRGGBB of the marks in a markedFolder(), in turn.
