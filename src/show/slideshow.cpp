@@ -5,26 +5,23 @@
 #include <vector>
 
 #include "files/file_filter.h"
-#include "media/fade_rule.h"
 #include "show/caption_rule.h"
 #include "show/pause_time.h"
 #include "show/raised_flag.h"
 #include "show/step_rule.h"
-#include "ui/button.h"
 
 namespace show {
 
 namespace {
 
-constexpr int kEndWaitMs = 1000;
-/// Diameter of the end button's corners: a little more than it draws them with, whose edge is smoothed.
-constexpr ui::Twips kEndButtonCorner = 2 * ui::kButtonRadius + 30;
 /// Pictures decoded ahead of the one shown, besides the one before it.
 constexpr int kAhead = 2;
 
 }  // namespace
 
-Slideshow::Slideshow(Parts parts) : parts_(std::move(parts)) {
+Slideshow::Slideshow(Parts parts)
+    : parts_(std::move(parts)),
+      end_({parts_.loop, parts_.screen, parts_.engines, parts_.stage, parts_.timers}) {
     parts_.timers.Timer1.onTimer = [this] { tick(); };
 }
 
@@ -64,7 +61,7 @@ void Slideshow::start() {
     parts_.loop.doEvents();
     SetCursorPos(0, 0);
     takeSurface();
-    awake_ = std::make_unique<platform::DisplayAwake>();
+    end_.begin();
     showFirst();
     if (surfaceChanged_) {
         parts_.screen.takeOver();
@@ -120,9 +117,7 @@ void Slideshow::fitSurface() {
     fitItem();
     parts_.engines.captions.surfaceChanged();
     parts_.engines.captions.updateInformation(parts_.engines.runner.currentEffect);
-    if (parts_.stage.EOT.visible()) {
-        roundEndButton();
-    }
+    end_.surfaceChanged();
     prepareNeighbours();
 }
 
@@ -253,9 +248,7 @@ bool Slideshow::stepBack() {
     // After the end of the list it is the last item that stands.
     backFrom_ = backFrom_.value_or(std::min(standing, parts_.choices.File1.count() - 1));
     parts_.state.pictureIndex = *index;
-    if (std::exchange(ended_, false)) {
-        leaveEnd();
-    }
+    end_.leave();
     return true;
 }
 
@@ -292,12 +285,11 @@ void Slideshow::endVideo() {
 void Slideshow::stop() {
     parts_.state.showMode = kNoShow;
     parts_.state.quickStepPending = false;
-    ended_ = false;
     parts_.timers.Timer1.setEnabled(false);
     parts_.timers.Timer5.setEnabled(false);
     parts_.engines.video.forgetFade();
     parts_.engines.runner.complete();
-    awake_.reset();
+    end_.forget();
     if (onEnd) {
         onEnd();
     }
@@ -307,7 +299,7 @@ void Slideshow::stop() {
 // when the transition has ended.
 void Slideshow::tick() {
     parts_.state.quickStepPending = false;
-    if (ended_ || parts_.state.showMode == kNoShow) {
+    if (end_.standing() || parts_.state.showMode == kNoShow) {
         parts_.timers.Timer1.setEnabled(false);
         return;
     }
@@ -327,7 +319,8 @@ void Slideshow::tick() {
         parts_.timers.Timer1.setEnabled(false);
     }
     if (step.endOfList) {
-        endOfList();
+        backFrom_.reset();
+        end_.come();
         return;
     }
     parts_.state.currentPicture = pathOf(parts_.state.pictureIndex);
@@ -391,63 +384,6 @@ void Slideshow::passOver() {
         backFrom_.reset();
     }
     quickStep();
-}
-
-void Slideshow::endOfList() {
-    ended_ = true;
-    backFrom_.reset();
-    awake_.reset();
-    parts_.timers.Timer1.setEnabled(false);
-    parts_.timers.Timer5.setEnabled(false);
-    parts_.stage.Text1.hide();
-    SetCursorPos(0, 0);
-    parts_.engines.captions.end();
-    roundEndButton();
-    parts_.stage.EOT.toFront();
-    parts_.stage.EOT.show();
-    // The end button is there to be clicked.
-    hidePointerAgain_ = parts_.screen.pointer().pointerHidden() != 0;
-    parts_.screen.pointer().show();
-    parts_.stage.Pic2.setFocus();
-    parts_.stage.Pic3.drop();
-    parts_.loop.doEvents();
-    parts_.loop.sleep(kEndWaitMs);
-    if (parts_.engines.player.playing()) {
-        fadeMusicOut();
-    }
-}
-
-void Slideshow::fadeMusicOut() {
-    const int volume = parts_.engines.music.musicVolume;
-    for (int step = 0; step < media::endFadeSteps(volume); ++step) {
-        parts_.engines.player.sendVolume(media::endFadeVolume(step, volume));
-        parts_.loop.doEvents();
-        if (!ended_) {
-            return;
-        }
-        parts_.loop.sleep(media::kEndFadePauseMs);
-    }
-}
-
-// Beside its round corners the button would paint the window's black onto the picture.
-void Slideshow::roundEndButton() {
-    const SIZE size = parts_.stage.EOT.clientSize();
-    const int corner = ui::toPixels(kEndButtonCorner, parts_.stage.EOT.dpi());
-    // The window owns the region from here on.
-    SetWindowRgn(parts_.stage.EOT.hwnd(), CreateRoundRectRgn(0, 0, size.cx + 1, size.cy + 1, corner, corner),
-                 TRUE);
-}
-
-void Slideshow::leaveEnd() {
-    awake_ = std::make_unique<platform::DisplayAwake>();
-    parts_.stage.EOT.hide();
-    if (hidePointerAgain_) {
-        parts_.screen.pointer().hide();
-    }
-    if (parts_.engines.player.playing()) {
-        parts_.engines.player.sendVolume(parts_.engines.music.musicVolume);
-        parts_.timers.Timer5.setEnabled(true);
-    }
 }
 
 void Slideshow::prepareNeighbours() {

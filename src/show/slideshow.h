@@ -1,13 +1,12 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 
-#include "platform/display_awake.h"
 #include "show/engines.h"
 #include "show/picture_source.h"
+#include "show/show_end.h"
 #include "show/show_screen.h"
 #include "show/show_state.h"
 #include "ui/event_loop.h"
@@ -55,7 +54,7 @@ class Slideshow {
     /// shown is fitted anew, after a transition that runs.
     void screensChanged();
     /// Whether the display has to stay awake: from the start to the end of the list.
-    bool keepsAwake() const { return awake_ != nullptr; }
+    bool keepsAwake() const { return end_.keepsAwake(); }
     /// Runs `refresh`, which reads File1 anew; the item shown keeps its place by name.
     void keepItemAcross(const std::function<void()>& refresh);
     /// Stops a video that a key ends: black surface, effect "A" next.
@@ -78,16 +77,11 @@ class Slideshow {
     void showVideo();
     void showPicture();
     void passOver();
-    void endOfList();
-    void roundEndButton();
-    void leaveEnd();
-    void fadeMusicOut();
     void prepareNeighbours();
     std::wstring pathOf(int index) const;
 
     Parts parts_;
-    std::unique_ptr<platform::DisplayAwake> awake_;
-    bool ended_ = false;
+    ShowEnd end_;
     /// The item that stood when steps back were asked for that have not come yet; a damaged picture is then
     /// passed over in that direction.
     std::optional<int> backFrom_;
@@ -95,8 +89,6 @@ class Slideshow {
     double startedAt_ = 0;
     /// The surface has another size, and a transition runs on the former one.
     bool surfaceChanged_ = false;
-    /// Whether the end button showed the pointer, which going back into the show hides.
-    bool hidePointerAgain_ = false;
 };
 
 }  // namespace show
