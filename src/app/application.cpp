@@ -118,6 +118,7 @@ void Application::runAtOnce() {
     try {
         begin(&Show::run);
     } catch (const std::exception&) {
+        setup_.browser().setPreviewing(show_.screen().inSetup());
         form_.show();
         throw;
     }

@@ -16,6 +16,14 @@ using testing::IsEmpty;
 
 using namespace support::road;
 
+/// Halts the show at its first picture and asks for the film behind it.
+void reachByHand(RoadStage& stage) {
+    stage.startAutomatically();
+    stage.loop.advance(1000);
+    stage.controls.mousePressed(ui::MouseButton::Left);
+    stage.key(VK_RIGHT);
+}
+
 // A film that was reached by hand plays with its sound all the time.
 TEST(VideoByHand, ReachedByHandAndGoneOnFrom) {
     RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "10000");
@@ -36,10 +44,7 @@ TEST(VideoByHand, ReachedByHandAndGoneOnFrom) {
 
 TEST(VideoByHand, ReachedByHandIsLeftWhenItEnds) {
     RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "10000");
-    stage.startAutomatically();
-    stage.loop.advance(1000);
-    stage.controls.mousePressed(ui::MouseButton::Left);
-    stage.key(VK_RIGHT);
+    reachByHand(stage);
     stage.loop.advance(100 + 4000);
     stage.type(L' ');
     EXPECT_EQ(stage.Timer1.interval(), 6000) << "what is left of it";
@@ -51,10 +56,7 @@ TEST(VideoByHand, ReachedByHandIsLeftWhenItEnds) {
 
 TEST(VideoByHand, ReachedByHandAndOverLongAgoIsLeftAtOnce) {
     RoadStage stage({L"a.jpg", L"b.mpg", L"c.jpg"}, "10000");
-    stage.startAutomatically();
-    stage.loop.advance(1000);
-    stage.controls.mousePressed(ui::MouseButton::Left);
-    stage.key(VK_RIGHT);
+    reachByHand(stage);
     stage.loop.advance(60'000);
     ASSERT_EQ(stage.state.pictureIndex, 1);
     stage.type(L' ');
