@@ -31,6 +31,11 @@ std::wstring unlimited(const std::wstring& path) {
     return onDrive && path.size() >= MAX_PATH - 12 ? L"\\\\?\\" + path : path;
 }
 
+// A number that the system hands out in two halves.
+std::uint64_t whole(DWORD high, DWORD low) {
+    return (std::uint64_t{high} << 32U) | low;
+}
+
 bool isDots(const wchar_t* name) {
     return name[0] == L'.' && (name[1] == 0 || (name[1] == L'.' && name[2] == 0));
 }
@@ -54,8 +59,11 @@ std::vector<DirectoryEntry> listDirectory(const std::wstring& folder) {
     }
     do {
         if (!isDots(data.cFileName)) {
-            entries.push_back({data.cFileName, (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0,
-                               (data.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) != 0});
+            entries.push_back(
+                {data.cFileName, (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0,
+                 (data.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) != 0,
+                 whole(data.nFileSizeHigh, data.nFileSizeLow),
+                 whole(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime)});
         }
     } while (FindNextFileW(find.get(), &data) != FALSE);
     return entries;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,8 @@ struct DirectoryEntry {
     std::wstring name;
     bool folder = false;
     bool hidden = false;
+    std::uint64_t size = 0;     ///< bytes
+    std::uint64_t written = 0;  ///< time of the last write: units of 100 ns since 1601, UTC
 };
 
 /// What a folder holds, "." and ".." left out, in the file system's order. Throws Error when the folder is

@@ -44,4 +44,29 @@ inline constexpr int kPic3 = 1045;
 inline constexpr int kLine1 = 1046;
 inline constexpr int kLine2 = 1047;
 
+// Form2: the thumbnails are boxes of one class and share one number.
+inline constexpr int kThumbnail = 1100;
+inline constexpr int kOverviewPic2 = 1101;
+inline constexpr int kOverviewPic3 = 1102;
+inline constexpr int kList1 = 1103;
+inline constexpr int kList1Caption = 1104;
+inline constexpr int kOK = 1105;
+inline constexpr int kCAN = 1106;
+inline constexpr int kTon = 1107;
+inline constexpr int kProgress = 1108;
+inline constexpr int kCommand = 1110;  // Command(0) ... Command(5): 1110 to 1115
+inline constexpr int kGrid = 1116;     // what the thumbnails lie in
+
+// Form3
+inline constexpr int kEntryLabel1 = 1200;  // Label1 ... Label4: 1200 to 1203
+inline constexpr int kCombo1 = 1210;
+inline constexpr int kCombo2 = 1211;
+inline constexpr int kCombo3 = 1212;
+inline constexpr int kUTT = 1213;
+inline constexpr int kEntryCheck1 = 1214;
+inline constexpr int kIm1 = 1215;
+inline constexpr int kIm2 = 1216;
+inline constexpr int kEntryOK = 1217;
+inline constexpr int kEntryCANCEL = 1218;
+
 }  // namespace ui::id
