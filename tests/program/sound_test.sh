@@ -53,7 +53,10 @@ soundProgram() {
     testbedSpawn "${wineCommand[@]}" build/windows/src/app/Panorell.exe "$(windowsPath "$soundFolder/show")" \
         P=60 E=0 V=1 "M=$1" R=1
     soundProcess=${testbedPids[-1]}
-    testbedWait 60 xdotool search --onlyvisible --class panorell
+    if ! testbedWait 60 xdotool search --onlyvisible --class panorell; then
+        echo "sound: the program does not appear"
+        failed=$((failed + 1))
+    fi
 }
 
 near() { [ "$1" -gt $(($2 - 40)) ] && [ "$1" -lt $(($2 + 40)) ]; }
