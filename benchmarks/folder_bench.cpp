@@ -58,8 +58,7 @@ double fillLists() {
     form.show();
     loop.doEvents();
     const double time = milliseconds([&] {
-        File1.setPath(folder.path());
-        File2.setPath(folder.path());
+        ui::FileList::setPath(folder.path(), {&File1, &File2});
         loop.doEvents();
     });
     if (File1.count() != support::ManyFiles::kPictures || File2.count() != support::ManyFiles::kTitles) {

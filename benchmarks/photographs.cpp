@@ -1,13 +1,11 @@
 #include "photographs.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
 
 #include "bench_main.h"
-#include "platform/error.h"
+#include "support/jpeg_file.h"
 #include "support/picture_writer.h"
 
 namespace bench {
@@ -27,43 +25,45 @@ Size sizeOf(int megapixels) {
     return {width, static_cast<int>(std::lround(megapixels * 1e6 / width))};
 }
 
-/// What is on a photograph.
-struct Content {
-    /// A mark of a colour at the left edge, in pixels; 0 for none.
-    int markWidth = 0;
-    std::uint32_t mark = 0;
-    /// How far the grain goes up and down, as a power of two.
-    int grainBits = 3;
+/// A mark of a colour at the left edge of a photograph, in pixels; 0 for none.
+struct Mark {
+    int width = 0;
+    std::uint32_t colour = 0;
 };
 
-void writePhotograph(const std::wstring& path, Size size, const Content& content) {
-    std::uint32_t seed = 1;
-    support::writePicture(
-        path, support::PictureKind::Jpeg, size.width, size.height,
-        [&](int x, int y) {
-            if (x < content.markWidth) {
-                return content.mark;
-            }
-            // Soft slopes with the grain of a sensor over them.
-            seed = seed * 1664525U + 1013904223U;
-            const int grain = static_cast<int>(seed >> (31 - content.grainBits)) - (1 << content.grainBits);
-            const int slope = (x * 160 / size.width + (y * 3 / 64 ^ x / 64) % 48);
-            const auto level = static_cast<std::uint32_t>(std::clamp(slope + grain + 16, 0, 255));
-            return level << 16 | (level * 7 / 8) << 8 | (255 - level);
-        },
-        0.9F);
+/// The grain of a sensor: the same number for the same pixel, -2^kGrainBits to 2^kGrainBits - 1.
+int grain(int x, int y) {
+    constexpr int kGrainBits = 4;
+    std::uint32_t bits =
+        static_cast<std::uint32_t>(x) * 2654435761U ^ static_cast<std::uint32_t>(y) * 2315413587U;
+    for (const std::uint32_t factor : {2246822519U, 3266489917U}) {
+        bits = (bits ^ bits >> 15) * factor;
+    }
+    return static_cast<int>((bits ^ bits >> 16) >> (31 - kGrainBits)) - (1 << kGrainBits);
+}
+
+void writePhotograph(const std::wstring& path, Size size, const Mark& mark) {
+    const auto sample = [&](int x, int y, int channel) {
+        if (x < mark.width) {
+            return static_cast<int>(mark.colour >> (16 - 8 * channel) & 0xFF);
+        }
+        // Soft slopes with the grain over them.
+        const int slope = x * 160 / size.width + (y * 3 / 64 ^ x / 64) % 48;
+        const int level = std::clamp(slope + grain(x, y) + 16, 0, 255);
+        return channel == 0 ? level : channel == 1 ? level * 7 / 8 : 255 - level;
+    };
+    support::writeBytes(path, support::writeJpeg(size.width, size.height, {.quality = 92}, sample));
 }
 
 /// The first of each colour is written, the others are links to them.
-void writeMarkedFolder(const std::wstring& folder, int count, Size size, Content content) {
+void writeMarkedFolder(const std::wstring& folder, int count, Size size, int markWidth) {
     std::filesystem::create_directories(folder);
     const auto path = [&folder](int i) { return folder + L"\\" + std::to_wstring(10'000 + i) + L".jpg"; };
     for (int i = 0; i < count; ++i) {
         if (i < kMarkCount) {
-            content.mark = kMarks[i];
-            writePhotograph(path(i), size, content);
-        } else if (!CreateHardLinkW(path(i).c_str(), path(i % kMarkCount).c_str(), nullptr)) {
-            throw platform::Error("CreateHardLinkW", GetLastError());
+            writePhotograph(path(i), size, {markWidth, kMarks[i]});
+        } else {
+            std::filesystem::create_hard_link(path(i % kMarkCount), path(i));
         }
     }
 }
@@ -81,7 +81,7 @@ std::wstring photograph(int megapixels) {
 std::wstring markedFolder(int count) {
     const std::wstring folder = temporaryFolder() + L"\\marked" + std::to_wstring(count);
     if (!std::filesystem::exists(folder)) {
-        writeMarkedFolder(folder, count, sizeOf(kMarkedMegapixels), {.markWidth = kMarkWidth});
+        writeMarkedFolder(folder, count, sizeOf(kMarkedMegapixels), kMarkWidth);
     }
     return folder;
 }
@@ -89,11 +89,8 @@ std::wstring markedFolder(int count) {
 void writePhotographsForPeers(const std::wstring& folder) {
     constexpr int kLarge = 100;
     constexpr Size kSmall = {800, 600};
-    constexpr int kGrainBits = 6;
-    writeMarkedFolder(folder + L"\\large", kLarge, sizeOf(kMarkedMegapixels),
-                      {.markWidth = kMarkWidth, .grainBits = kGrainBits});
-    writeMarkedFolder(folder + L"\\small", kMarkCount, kSmall,
-                      {.markWidth = kSmall.width / 2, .grainBits = kGrainBits});
+    writeMarkedFolder(folder + L"\\large", kLarge, sizeOf(kMarkedMegapixels), kMarkWidth);
+    writeMarkedFolder(folder + L"\\small", kMarkCount, kSmall, kSmall.width / 2);
 }
 
 }  // namespace bench

@@ -5,9 +5,8 @@
 
 namespace bench {
 
-/// A JPEG file of that many megapixels in the shape 3:2 (24 megapixels are 6000 x 4000). Meant to
-/// be as large as a camera's, about half a byte a pixel; but Wine's encoder ignores the quality, and what it
-/// writes is an eighth of that, so there is less to decode. Made on first use; lives in temporaryFolder().
+/// A JPEG file of that many megapixels in the shape 3:2 (24 megapixels are 6000 x 4000), as large as a
+/// camera's: about a third of a byte a pixel. Made on first use; lives in temporaryFolder().
 std::wstring photograph(int megapixels);
 
 /// The colours 0x00RRGGBB of the marks in a markedFolder(), in turn.
@@ -21,7 +20,8 @@ std::wstring markedFolder(int count);
 
 /// Writes into `folder` what ./bench peers shows by all programs: "large" is as markedFolder(100), "small"
 /// holds three pictures of 800 x 600 whose mark is the left half, because some programs enlarge them and some
-/// do not. Throws platform::Error where a file cannot be written.
+/// do not. Throws platform::Error or
+/// std::filesystem::filesystem_error where a file cannot be written.
 void writePhotographsForPeers(const std::wstring& folder);
 
 }  // namespace bench

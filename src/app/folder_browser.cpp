@@ -87,14 +87,13 @@ void FolderBrowser::fillLists() {
 }
 
 void FolderBrowser::folderChanged() {
-    parts_.lists.File1.setPath(parts_.lists.Dir1.path());
-    parts_.lists.File2.setPath(parts_.lists.Dir1.path());
+    ui::FileList::setPath(parts_.lists.Dir1.path(), {&parts_.lists.File1, &parts_.lists.File2});
     parts_.music.musicIndex = 0;
     parts_.music.musicList = media::musicEntries(parts_.lists.File2.entries());
     parts_.Pic2.move(previewPlace_);
     parts_.Pic2.show();
     parts_.video.close();
-    readFiles();
+    tellCount();
     preview_.cancel();
     if (parts_.lists.File1.count() > 0) {
         previewFile(0, false);
@@ -107,18 +106,18 @@ void FolderBrowser::folderChanged() {
 }
 
 void FolderBrowser::refreshCount() {
-    readFiles();
-    if (!preview_.loading()) {
-        enableStart(parts_.lists.File1.count() > 0);
-    }
-}
-
-void FolderBrowser::readFiles() {
     const bool followsSelection = parts_.lists.File1.selectedIndex() == parts_.state.StartIndex;
     parts_.lists.File1.refresh();
     if (followsSelection && parts_.lists.File1.selectedIndex() >= 0) {
         parts_.state.StartIndex = parts_.lists.File1.selectedIndex();
     }
+    tellCount();
+    if (!preview_.loading()) {
+        enableStart(parts_.lists.File1.count() > 0);
+    }
+}
+
+void FolderBrowser::tellCount() {
     parts_.lists.File1.setToolTip(fileCountText(parts_.lists.File1.count()));
 }
 

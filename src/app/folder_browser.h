@@ -57,7 +57,7 @@ class FolderBrowser {
 
   private:
     void openFolder(const std::wstring& folder);
-    void readFiles();
+    void tellCount();
     void previewFile(int index, bool byUser);
     void loaded(const std::optional<picture::DecodedPicture>& picture);
     void showPicture(const picture::DecodedPicture& picture);

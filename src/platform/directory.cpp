@@ -4,10 +4,9 @@
 
 #include <shlwapi.h>
 
-#include <algorithm>
-
 #include "platform/error.h"
 #include "platform/handles.h"
+#include "text/numbered_names.h"
 
 namespace platform {
 
@@ -110,7 +109,7 @@ std::wstring fullPath(const std::wstring& path, const std::wstring& current) {
 }
 
 void sortNames(std::vector<std::wstring>& names) {
-    std::sort(names.begin(), names.end(), [](const std::wstring& a, const std::wstring& b) {
+    text::sortNumberedNames(names, [](const std::wstring& a, const std::wstring& b) {
         const int order = StrCmpLogicalW(a.c_str(), b.c_str());
         return order != 0 ? order < 0 : a < b;
     });

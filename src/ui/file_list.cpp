@@ -3,36 +3,51 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/directory.h"
 #include "platform/error.h"
 
 namespace ui {
 
+namespace {
+
+// What a folder holds; nothing where there is none or it cannot be read.
+std::vector<platform::DirectoryEntry> contentOf(const std::wstring& folder) {
+    if (folder.empty()) {
+        return {};
+    }
+    try {
+        return platform::listDirectory(folder);
+    } catch (const platform::Error&) {
+        return {};
+    }
+}
+
+}  // namespace
+
 FileList::FileList(const CreateArgs& args, Matcher matches, std::wstring pattern)
     : ListBox(args, DWORD{LBS_OWNERDRAWFIXED}), matches_(std::move(matches)), pattern_(std::move(pattern)) {}
 
-std::vector<std::wstring> FileList::readNames() const {
+std::vector<std::wstring> FileList::namesIn(const std::vector<platform::DirectoryEntry>& content) const {
     std::vector<std::wstring> names;
-    if (path_.empty()) {
-        return names;
-    }
-    try {
-        for (platform::DirectoryEntry& entry : platform::listDirectory(path_)) {
-            if (!entry.folder && matches_(entry.name, entry.hidden, pattern_, withHidden_)) {
-                names.push_back(std::move(entry.name));
-            }
+    for (const platform::DirectoryEntry& entry : content) {
+        if (!entry.folder && matches_(entry.name, entry.hidden, pattern_, withHidden_)) {
+            names.push_back(entry.name);
         }
-    } catch (const platform::Error&) {
-        names.clear();
     }
     platform::sortNames(names);
     return names;
 }
 
 void FileList::setPath(const std::wstring& path) {
-    path_ = path;
-    entries_ = readNames();
-    replaceItems(entries_);
+    setPath(path, {this});
+}
+
+void FileList::setPath(const std::wstring& path, std::initializer_list<FileList*> lists) {
+    const std::vector<platform::DirectoryEntry> content = contentOf(path);
+    for (FileList* list : lists) {
+        list->path_ = path;
+        list->entries_ = list->namesIn(content);
+        list->replaceItems(list->entries_);
+    }
 }
 
 void FileList::setPattern(const std::wstring& pattern) {
@@ -46,7 +61,7 @@ void FileList::setWithHidden(bool withHidden) {
 }
 
 void FileList::refresh() {
-    std::vector<std::wstring> names = readNames();
+    std::vector<std::wstring> names = namesIn(contentOf(path_));
     if (names == entries_) {
         return;
     }

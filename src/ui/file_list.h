@@ -1,10 +1,12 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/directory.h"
 #include "ui/list_box.h"
 
 namespace ui {
@@ -22,6 +24,8 @@ class FileList : public ListBox {
     const std::wstring& path() const { return path_; }
     /// Reads a folder; nothing is selected then. A folder that cannot be read gives an empty list.
     void setPath(const std::wstring& path);
+    /// The same for several lists, by one reading of the folder.
+    static void setPath(const std::wstring& path, std::initializer_list<FileList*> lists);
     const std::wstring& pattern() const { return pattern_; }
     void setPattern(const std::wstring& pattern);
     bool withHidden() const { return withHidden_; }
@@ -39,7 +43,8 @@ class FileList : public ListBox {
     int indexOf(std::wstring_view name) const;
 
   private:
-    std::vector<std::wstring> readNames() const;
+    /// The names that belong in the list, in order.
+    std::vector<std::wstring> namesIn(const std::vector<platform::DirectoryEntry>& content) const;
 
     Matcher matches_;
     std::wstring pattern_;

@@ -72,6 +72,21 @@ TEST_F(FileListTest, RefreshKeepsTheSelectionByName) {
     EXPECT_EQ(clicks, 1) << "reading anew is no choice";
 }
 
+TEST_F(FileListTest, SeveralListsOfOneFolderTakeWhatIsTheirs) {
+    FileList titles(test_.args(2, {3300, 150, 3000, 3000}), files::isListed, L"*.mp3");
+    for (const wchar_t* name : {L"b2.jpg", L"b10.jpg", L"lied 1.mp3", L"text.txt"}) {
+        folder_.file(name);
+    }
+    FileList::setPath(folder_.path(), {&list_, &titles});
+    EXPECT_THAT(list_.entries(), ElementsAre(L"b2.jpg", L"b10.jpg"));
+    EXPECT_THAT(titles.entries(), ElementsAre(L"lied 1.mp3"));
+    EXPECT_EQ(titles.item(0), L"lied 1.mp3");
+    EXPECT_EQ(titles.path(), folder_.path());
+    folder_.remove(L"b2.jpg");
+    list_.refresh();
+    EXPECT_THAT(list_.entries(), ElementsAre(L"b10.jpg"));
+}
+
 TEST_F(FileListTest, AFolderThatCannotBeReadGivesAnEmptyList) {
     folder_.file(L"a.jpg");
     list_.setPath(folder_.path());

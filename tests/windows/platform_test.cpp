@@ -1,4 +1,7 @@
 #include <gmock/gmock.h>
+#include <shlwapi.h>
+
+#include <algorithm>
 
 #include "platform/clipboard.h"
 #include "platform/code_page.h"
@@ -118,6 +121,27 @@ TEST(Directory, VeryLongPathsAreRead) {
         RemoveDirectoryW(path.c_str());
         path.resize(path.rfind(L'\\'));
     }
+}
+
+TEST(Directory, NamesStandInTheSystemsOrder) {
+    std::vector<std::wstring> names;
+    for (const wchar_t* prefix :
+         {L"IMG_", L"img_", L"", L"2024-05-01_", L"Bild ", L"ä", L"a b (", L"IMG_0", L"-"}) {
+        for (const wchar_t* suffix :
+             {L".jpg", L".JPG", L"", L"a.jpg", L"ß.jpg", L" (2).jpg", L".2.mp3", L"-1.jpg"}) {
+            for (const wchar_t* number :
+                 {L"", L"0", L"1", L"2", L"10", L"9", L"007", L"010", L"0100", L"999999999"}) {
+                names.push_back(std::wstring(prefix) + number + suffix);
+            }
+        }
+    }
+    std::vector<std::wstring> expected = names;
+    std::sort(expected.begin(), expected.end(), [](const std::wstring& a, const std::wstring& b) {
+        const int order = StrCmpLogicalW(a.c_str(), b.c_str());
+        return order != 0 ? order < 0 : a < b;
+    });
+    sortNames(names);
+    EXPECT_EQ(names, expected);
 }
 
 TEST(Directory, ErrorsCarryTheSystemsCode) {
