@@ -1,7 +1,5 @@
 #include "overview/entry_lines.h"
 
-#include <unordered_set>
-
 #include "text/trimming.h"
 
 namespace overview {
@@ -10,30 +8,28 @@ namespace {
 
 constexpr auto npos = std::wstring_view::npos;
 
-using Keys = std::unordered_set<std::wstring>;
-
-/// The longest key that a line begins with; empty for none.
-std::wstring keyOf(std::wstring_view line, const Keys& keys) {
-    for (std::size_t end = line.size(); end != 0 && end != npos; end = line.rfind(L' ', end - 1)) {
-        std::wstring key(line.substr(0, end));
-        if (keys.contains(key)) {
-            return key;
-        }
-    }
-    return {};
-}
-
 std::wstring_view withoutKey(std::wstring_view line, std::wstring_view key) {
     return line.size() > key.size() ? line.substr(key.size() + 1) : std::wstring_view{};
 }
 
 }  // namespace
 
+std::wstring LineOwners::ownerOf(std::wstring_view line) const {
+    // The longest key comes first.
+    for (std::size_t end = line.size(); end != 0 && end != npos; end = line.rfind(L' ', end - 1)) {
+        std::wstring key(line.substr(0, end));
+        if (keys_.contains(key)) {
+            return key;
+        }
+    }
+    return {};
+}
+
 Entries entriesOf(std::wstring_view scriptText, const std::vector<std::wstring>& keys) {
-    const Keys known(keys.begin(), keys.end());
+    const LineOwners owners(keys);
     std::unordered_map<std::wstring, std::vector<std::wstring_view>> lines;
     for (const std::wstring_view line : script::splitLines(scriptText)) {
-        if (const std::wstring key = keyOf(line, known); !key.empty()) {
+        if (const std::wstring key = owners.ownerOf(line); !key.empty()) {
             lines[key].push_back(line);
         }
     }

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "script/show_script.h"
@@ -19,6 +20,17 @@ using Entries = std::unordered_map<std::wstring, std::wstring>;
 /// A key's only line stays as it is, to the letter; several become what the show makes of them together:
 /// the last title, and the last value of each marker. A key without a line is not in the answer.
 Entries entriesOf(std::wstring_view scriptText, const std::vector<std::wstring>& keys);
+
+/// Finds the key that a line belongs to in that sense.
+class LineOwners {
+  public:
+    explicit LineOwners(const std::vector<std::wstring>& keys) : keys_(keys.begin(), keys.end()) {}
+    /// Empty for a line of no key.
+    std::wstring ownerOf(std::wstring_view line) const;
+
+  private:
+    std::unordered_set<std::wstring> keys_;
+};
 
 /// What an entry means.
 script::Entry entryMeaning(std::wstring_view entry);
