@@ -41,6 +41,7 @@ ThumbRecord recordOf(const platform::DirectoryEntry& file, const Entries& entrie
     record.fileName = file.name;
     record.stamp.size = file.size;
     record.stamp.written = file.written;
+    record.stamp.number = file.number;
     record.locked = file.hidden;
     const auto entry = entries.find(script::PictureKey(file.name));
     if (entry != entries.end()) {
@@ -73,12 +74,14 @@ ThumbFolder readThumbFolder(const std::wstring& folder, const std::wstring& patt
         }
     }
     platform::sortNames(shown);
-    const Entries entries = entriesOf(script::readScriptFile(folder).value_or(std::wstring()), keys);
+    read.records.script = script::readScript(folder);
+    const Entries entries = entriesOf(read.records.script.text, keys);
     for (const std::wstring& name : shown) {
         if (read.records.thumbCount() < kMostThumbnails) {
             read.records.thumbRecords.push_back(recordOf(*byName[name], entries));
         }
     }
+    read.records.folderNames = allNames;
     read.store = ThumbnailStore(folder, allNames, read.records.folderWritable);
     return read;
 }
