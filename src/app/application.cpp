@@ -26,7 +26,8 @@ Application::Application(ui::EventLoop& loop, media::MediaControl& control, cons
       tray_(form_.hwnd(), LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(PANORELL_ICON)), kTrayTip),
       show_(loop, control, form_, surfaces_, pictures_),
       setup_({loop, form_, state_, settings_, show_.music(), show_.video()}),
-      shutdown_({loop, control, tray_, setup_.parameters(), form_.Pic2, form_.Pic3}) {
+      shutdown_({loop, control, tray_, setup_.parameters(), form_.Pic2, form_.Pic3}),
+      overview_({loop, control, form_, tray_, surfaces_, show_.music(), show_.video(), shutdown_}) {
     state_.ProgramDir = withBackslash(programDir);
     wireSetup();
     wireShow();
@@ -38,6 +39,12 @@ void Application::wireSetup() {
     setup_.browser().onAboutToShow = [this](const std::wstring& path) { show_.prepare(path); };
     form_.Start.onClick = [this] { begin(&Show::start); };
     form_.Run.onClick = [this] { begin(&Show::run); };
+    form_.CTRL.onClick = [this] {
+        if (form_.File1.count() > 0) {
+            setup_.browser().setPreviewing(false);
+            overview_.open();
+        }
+    };
     form_.ENDE.onClick = [this] { shutdown_.clipboardEnd(); };
     form_.Pic3.onClick = [this] {
         if (show_.screen().inSetup()) {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "app/form1.h"
+#include "app/overview.h"
 #include "app/parameter_text.h"
 #include "app/program_state.h"
 #include "app/setup.h"
@@ -30,6 +31,8 @@ class Application {
     void load(const std::wstring& parameterText);
 
     Form1& form() { return form_; }
+    /// The overview; null before it was opened.
+    overview::Overview* overview() { return overview_.opened(); }
     const show::ShowState& showState() const { return show_.state(); }
     ProgramState& state() { return state_; }
     media::MusicState& music() { return show_.music(); }
@@ -54,6 +57,7 @@ class Application {
     Show show_;
     Setup setup_;
     Shutdown shutdown_;
+    Overview overview_;
 };
 
 }  // namespace app

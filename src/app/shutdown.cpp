@@ -36,6 +36,12 @@ void Shutdown::showEnd() {
     parts_.loop.leave();
 }
 
+void Shutdown::endEditing() {
+    parts_.control.send("stop VIDEO");
+    parts_.control.send("close VIDEO");
+    restart();
+}
+
 void Shutdown::restart() {
     if (std::exchange(left_, true)) {
         return;

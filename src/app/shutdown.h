@@ -29,6 +29,9 @@ class Shutdown {
     /// Starts the program anew with the settings of now and the picture last chosen, and ends this one.
     void restart();
 
+    /// Ends a film and starts the program anew.
+    void endEditing();
+
   private:
     void stopMedia();
 

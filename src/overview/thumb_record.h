@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "files/file_stamp.h"
+#include "script/script_file.h"
 
 namespace overview {
 
@@ -22,7 +23,10 @@ struct ThumbRecord {
 struct ThumbRecords {
     std::wstring folder;  ///< without a "\\" at its end, unless it is a root
     std::vector<ThumbRecord> thumbRecords;
-    int pressedIndex = -1;  ///< the item last pressed, which a menu works on; -1 for none
+    /// All pictures and films of the folder when its script was read, hidden and filtered ones too.
+    std::vector<std::wstring> folderNames;
+    script::ScriptReading script;  ///< as it was when the entries were taken from it
+    int pressedIndex = -1;         ///< the item last pressed, which a menu works on; -1 for none
     bool folderWritable = false;
     /// Something changed that only saving makes permanent: order, an entry, a mark for deletion.
     bool changed = false;

@@ -4,8 +4,12 @@
 
 #include <shlwapi.h>
 
+#include <optional>
+#include <utility>
+
 #include "platform/error.h"
 #include "platform/handles.h"
+#include "platform/wine.h"
 #include "text/numbered_names.h"
 
 namespace platform {
@@ -24,12 +28,6 @@ class QuietDrives {
     DWORD former_ = 0;
 };
 
-// The form of a path that may be longer than 260 characters, also where the system does not allow it.
-std::wstring unlimited(const std::wstring& path) {
-    const bool onDrive = path.size() > 2 && path[1] == L':' && path[2] == L'\\';
-    return onDrive && path.size() >= MAX_PATH - 12 ? L"\\\\?\\" + path : path;
-}
-
 // A number that the system hands out in two halves.
 std::uint64_t whole(DWORD high, DWORD low) {
     return (std::uint64_t{high} << 32U) | low;
@@ -39,13 +37,76 @@ bool isDots(const wchar_t* name) {
     return name[0] == L'.' && (name[1] == 0 || (name[1] == L'.' && name[2] == 0));
 }
 
+// Where the medium keeps the number of a file for good. FAT makes it up from the place of the name, which
+// every rename changes.
+bool keepsNumbers(HANDLE folder) {
+    // Wine's volumes do not tell, and hand out the numbers of the host's file system.
+    if (runsUnderWine()) {
+        return true;
+    }
+    DWORD flags = 0;
+    return GetVolumeInformationByHandleW(folder, nullptr, 0, nullptr, nullptr, &flags, nullptr, 0) != FALSE &&
+           (flags & FILE_SUPPORTS_OPEN_BY_FILE_ID) != 0;
+}
+
+DirectoryEntry entryOf(std::wstring name, DWORD attributes, std::uint64_t size, std::uint64_t written) {
+    DirectoryEntry entry;
+    entry.name = std::move(name);
+    entry.folder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    entry.hidden = (attributes & FILE_ATTRIBUTE_HIDDEN) != 0;
+    entry.size = size;
+    entry.written = written;
+    entry.attributes = attributes;
+    return entry;
+}
+
+// With the files' numbers; nothing where the file system does not answer so.
+std::optional<std::vector<DirectoryEntry>> listWithNumbers(const std::wstring& folder) {
+    const File handle(CreateFileW(unlimitedPath(folder).c_str(), FILE_LIST_DIRECTORY,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    if (!handle) {
+        return std::nullopt;
+    }
+    const bool numbers = keepsNumbers(handle.get());
+    constexpr std::size_t kPortion = std::size_t{64} << 10;
+    // Of 64-bit units, since the records are aligned so.
+    std::vector<std::uint64_t> buffer(kPortion / sizeof(std::uint64_t));
+    std::vector<DirectoryEntry> entries;
+    while (GetFileInformationByHandleEx(handle.get(), FileIdBothDirectoryInfo, buffer.data(), kPortion) !=
+           FALSE) {
+        const auto* at = reinterpret_cast<const std::uint8_t*>(buffer.data());
+        for (bool more = true; more;) {
+            const auto* record = reinterpret_cast<const FILE_ID_BOTH_DIR_INFO*>(at);
+            const std::wstring name(record->FileName, record->FileNameLength / sizeof(wchar_t));
+            if (!isDots(name.c_str())) {
+                entries.push_back(entryOf(name, record->FileAttributes,
+                                          static_cast<std::uint64_t>(record->EndOfFile.QuadPart),
+                                          static_cast<std::uint64_t>(record->LastWriteTime.QuadPart)));
+                entries.back().number = numbers ? static_cast<std::uint64_t>(record->FileId.QuadPart) : 0;
+            }
+            more = record->NextEntryOffset != 0;
+            at += record->NextEntryOffset;
+        }
+    }
+    return GetLastError() == ERROR_NO_MORE_FILES ? std::optional(std::move(entries)) : std::nullopt;
+}
+
 }  // namespace
+
+std::wstring unlimitedPath(const std::wstring& path) {
+    const bool onDrive = path.size() > 2 && path[1] == L':' && path[2] == L'\\';
+    return onDrive && path.size() >= MAX_PATH - 12 ? L"\\\\?\\" + path : path;
+}
 
 std::vector<DirectoryEntry> listDirectory(const std::wstring& folder) {
     const QuietDrives quiet;
+    if (std::optional<std::vector<DirectoryEntry>> listed = listWithNumbers(folder)) {
+        return std::move(*listed);
+    }
     std::vector<DirectoryEntry> entries;
     WIN32_FIND_DATAW data{};
-    const std::wstring wanted = unlimited(joinPath(folder, L"*"));
+    const std::wstring wanted = unlimitedPath(joinPath(folder, L"*"));
     const FindHandle find(FindFirstFileExW(wanted.c_str(), FindExInfoBasic, &data, FindExSearchNameMatch,
                                            nullptr, FIND_FIRST_EX_LARGE_FETCH));
     if (!find) {
@@ -59,10 +120,8 @@ std::vector<DirectoryEntry> listDirectory(const std::wstring& folder) {
     do {
         if (!isDots(data.cFileName)) {
             entries.push_back(
-                {data.cFileName, (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0,
-                 (data.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) != 0,
-                 whole(data.nFileSizeHigh, data.nFileSizeLow),
-                 whole(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime)});
+                entryOf(data.cFileName, data.dwFileAttributes, whole(data.nFileSizeHigh, data.nFileSizeLow),
+                        whole(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime)));
         }
     } while (FindNextFileW(find.get(), &data) != FALSE);
     return entries;
@@ -70,22 +129,14 @@ std::vector<DirectoryEntry> listDirectory(const std::wstring& folder) {
 
 bool folderExists(const std::wstring& folder) {
     const QuietDrives quiet;
-    const DWORD attributes = GetFileAttributesW(unlimited(folder).c_str());
+    const DWORD attributes = GetFileAttributesW(unlimitedPath(folder).c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
 bool fileExists(const std::wstring& path) {
     const QuietDrives quiet;
-    const DWORD attributes = GetFileAttributesW(unlimited(path).c_str());
+    const DWORD attributes = GetFileAttributesW(unlimitedPath(path).c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-}
-
-std::wstring joinPath(std::wstring_view folder, std::wstring_view name) {
-    std::wstring path(folder);
-    if (path.empty() || path.back() != L'\\') {
-        path += L'\\';
-    }
-    return path.append(name);
 }
 
 std::wstring fullPath(const std::wstring& path, const std::wstring& current) {

@@ -22,10 +22,18 @@ std::wstring clock(const SYSTEMTIME& time, DWORD flags) {
 
 std::optional<SYSTEMTIME> fileWriteTime(const std::wstring& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) == FALSE) {
+        return std::nullopt;
+    }
+    const ULARGE_INTEGER written{{data.ftLastWriteTime.dwLowDateTime, data.ftLastWriteTime.dwHighDateTime}};
+    return localTime(written.QuadPart);
+}
+
+std::optional<SYSTEMTIME> localTime(std::uint64_t fileTime) {
+    const FILETIME time{static_cast<DWORD>(fileTime), static_cast<DWORD>(fileTime >> 32U)};
     SYSTEMTIME universal{};
     SYSTEMTIME local{};
-    if (GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) == FALSE ||
-        FileTimeToSystemTime(&data.ftLastWriteTime, &universal) == FALSE ||
+    if (FileTimeToSystemTime(&time, &universal) == FALSE ||
         SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local) == FALSE) {
         return std::nullopt;
     }

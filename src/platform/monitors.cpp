@@ -6,21 +6,21 @@ namespace {
 
 const Monitors* replacement = nullptr;
 
-RECT areaOfMonitor(HMONITOR monitor) {
+MONITORINFO infoOf(HMONITOR monitor) {
     MONITORINFO info{};
     info.cbSize = sizeof(info);
     GetMonitorInfoW(monitor, &info);
-    return info.rcMonitor;
+    return info;
 }
 
 }  // namespace
 
 RECT Monitors::areaOf(HWND window) const {
-    return areaOfMonitor(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST));
+    return infoOf(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST)).rcMonitor;
 }
 
 RECT Monitors::areaAt(POINT place) const {
-    return areaOfMonitor(MonitorFromPoint(place, MONITOR_DEFAULTTONEAREST));
+    return infoOf(MonitorFromPoint(place, MONITOR_DEFAULTTONEAREST)).rcMonitor;
 }
 
 int Monitors::primaryWidth() const {
@@ -31,6 +31,10 @@ RECT Monitors::primaryWorkArea() const {
     RECT area{};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
     return area;
+}
+
+RECT Monitors::workAreaOf(HWND window) const {
+    return infoOf(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST)).rcWork;
 }
 
 int Monitors::dpiOf(HWND window) const {

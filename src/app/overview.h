@@ -1,0 +1,45 @@
+#pragma once
+
+#include <optional>
+
+#include "app/form1.h"
+#include "app/shutdown.h"
+#include "app/surface_settings.h"
+#include "media/media_control.h"
+#include "media/music_state.h"
+#include "media/video_playback.h"
+#include "overview/overview.h"
+#include "platform/tray_icon.h"
+#include "ui/event_loop.h"
+
+namespace app {
+
+/// The way from the set-up window into the overview and out of it again.
+class Overview {
+  public:
+    struct Parts {
+        ui::EventLoop& loop;
+        media::MediaControl& control;
+        Form1& form;
+        platform::TrayIcon& tray;
+        SurfaceSettings& surfaces;
+        media::MusicState& music;
+        media::VideoPlayback& video;
+        Shutdown& shutdown;
+    };
+    explicit Overview(const Parts& parts) : parts_(parts) {}
+
+    /// Leaves the set-up for the overview of its folder. Its file list must not be empty, and nothing is
+    /// previewed any more. Throws Leaving.
+    void open();
+    /// The overview; null before it was opened.
+    overview::Overview* opened() { return overview_ ? &*overview_ : nullptr; }
+
+  private:
+    void endEditing();
+
+    Parts parts_;
+    std::optional<overview::Overview> overview_;
+};
+
+}  // namespace app

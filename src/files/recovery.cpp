@@ -1,0 +1,145 @@
+#include "files/recovery.h"
+
+#include <algorithm>
+
+#include "files/folder_view.h"
+#include "files/journal.h"
+#include "files/journal_run.h"
+#include "platform/directory.h"
+
+namespace files {
+
+namespace {
+
+using Place = JournalRun::Place;
+using End = Recovery::End;
+
+/// A change that was interrupted, being brought to one of its two ends.
+class Interrupted {
+  public:
+    Interrupted(FileSystem& fileSystem, const std::wstring& folder, const Waiting& waiting,
+                const JournalReading& reading, HeldFile& held)
+        : patience_(waiting),
+          run_(fileSystem, folder, reading.journal, patience_),
+          reading_(reading),
+          held_(held),
+          side_(reading.phase == Phase::First ? Place::Old : Place::New) {}
+
+    Recovery settle(const FolderView& view) {
+        run_.locate(view, reading_.phase);
+        if (reading_.phase == Phase::Done && !anyAtTemporaryName()) {
+            return {};
+        }
+        reportMissing(view);
+        bringToNames();
+        settleScript();
+        block(run_.bringAttributes(side_));
+        if (!blocked_) {
+            const bool keep = side_ == Place::New && reading_.journal.keep && report_.skipped.empty();
+            block(keep ? run_.enter(Phase::Done, held_) : run_.close(held_));
+        }
+        report_.end = blocked_ ? End::Waiting : side_ == Place::New ? End::Finished : End::Undone;
+        return report_;
+    }
+
+  private:
+    bool anyAtTemporaryName() const {
+        for (std::size_t i = 0; i < run_.count(); ++i) {
+            if (run_.at(i) == Place::Temporary) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    void reportMissing(const FolderView& view) {
+        for (std::size_t i = 0; i < run_.count(); ++i) {
+            const JournalMove& move = run_.moveOf(i);
+            if (run_.at(i) != Place::Gone || isCacheName(move.oldName)) {
+                continue;
+            }
+            const bool there = view.find(move.temporaryName) != nullptr || view.find(nameOf(move)) != nullptr;
+            report_.skipped.push_back({nameOf(move), there ? Obstacle::Changed : Obstacle::Missing});
+        }
+    }
+
+    const std::wstring& nameOf(const JournalMove& move) const {
+        return side_ == Place::Old ? move.oldName : move.newName;
+    }
+
+    void bringToNames() {
+        const Place other = side_ == Place::Old ? Place::New : Place::Old;
+        // A file on the other side may have the name of another one that is still to come.
+        block(run_.bringAll(other, Place::Temporary));
+        std::vector<std::size_t> taken;
+        for (std::size_t i = 0; i < run_.count(); ++i) {
+            if (run_.at(i) != Place::Temporary) {
+                continue;
+            }
+            const Failure result = run_.bring(i, side_);
+            if (result == Failure::Exists) {
+                report_.skipped.push_back({nameOf(run_.moveOf(i)), Obstacle::Taken});
+                taken.push_back(i);
+            } else {
+                block(result);
+            }
+        }
+        // Only now: its other name may be one that a file of the change was on the way to.
+        for (const std::size_t i : taken) {
+            block(run_.bring(i, other));
+        }
+    }
+
+    void settleScript() {
+        const Obstacle found = run_.bringScript(side_);
+        if (found == Obstacle::ScriptChanged) {
+            report_.skipped.push_back({reading_.journal.script->name, found});
+        } else if (found != Obstacle::None) {
+            blocked_ = true;
+        }
+    }
+
+    void block(Failure failure) { blocked_ = blocked_ || failure != Failure::None; }
+
+    Patience patience_;
+    JournalRun run_;
+    const JournalReading& reading_;
+    HeldFile& held_;
+    Place side_;
+    bool blocked_ = false;
+    Recovery report_;
+};
+
+}  // namespace
+
+Recovery recoverFolder(FileSystem& fileSystem, const std::wstring& folder, const Waiting& waiting) {
+    const FileSystem::Held held = fileSystem.openHeld(platform::joinPath(folder, kJournalFile));
+    switch (held.failure) {
+        case Failure::None:
+            break;
+        case Failure::Missing:
+            return {};
+        case Failure::InUse:
+            return {End::Running, {}};
+        default:
+            return {End::Waiting, {}};
+    }
+    const Answer<std::string> bytes = held.file->read();
+    if (bytes.failure != Failure::None) {
+        return {End::Waiting, {}};
+    }
+    const JournalReading reading = readJournal(bytes.value);
+    if (reading.kind == JournalReading::Kind::Foreign) {
+        return {End::Foreign, {}};
+    }
+    if (reading.kind == JournalReading::Kind::Torn) {
+        return {held.file->remove() == Failure::None ? End::Nothing : End::Waiting, {}};
+    }
+    const Answer<FolderView> view = FolderView::read(fileSystem, folder);
+    if (view.failure != Failure::None) {
+        return {End::Waiting, {}};
+    }
+    return Interrupted(fileSystem, folder, waiting, reading, *held.file).settle(view.value);
+}
+
+}  // namespace files

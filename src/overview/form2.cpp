@@ -1,0 +1,125 @@
+#include "overview/form2.h"
+
+#include <algorithm>
+
+#include "overview/box_picture.h"
+#include "platform/monitors.h"
+#include "ui/control_ids.h"
+
+namespace overview {
+
+namespace {
+
+using ui::CreateArgs;
+
+constexpr wchar_t kCaption[] = L"Reihenfolge ändern: Ziehen\r\nTitel sperren: Klick\r\nAnhören: Doppelklick";
+constexpr ui::Rgb kProgressColour = 0x6F8FB8;
+constexpr int kPositionMs = 250;
+constexpr int kHighlightMs = 50;
+constexpr int kFreeOfMonitor = 40;  // a fortieth of the work area is left at each side
+
+CreateArgs shown(ui::Window& form, int id, const wchar_t* text = L"") {
+    return {.parent = form, .id = id, .text = text, .tabStop = true};
+}
+
+CreateArgs hidden(ui::Window& form, int id, const wchar_t* text = L"") {
+    return {.parent = form, .id = id, .text = text, .visible = false, .tabStop = true};
+}
+
+CreateArgs passive(ui::Window& form, int id, const wchar_t* text = L"") {
+    return {.parent = form, .id = id, .text = text, .visible = false};
+}
+
+}  // namespace
+
+Form2::Form2(ui::EventLoop& loop, const ui::Window& beside)
+    : Form({.className = L"Form2",
+            .title = L"   Übersicht",
+            .width = kForm2SmallestWidth,
+            .height = kForm2SmallestHeight}),
+      Grid(shown(*this, ui::id::kGrid)),
+      List1Caption(passive(*this, ui::id::kList1Caption, kCaption)),
+      List1(hidden(*this, ui::id::kList1), ui::ListBox::Selection::Multiple),
+      OK(hidden(*this, ui::id::kOK, L"OK")),
+      CAN(hidden(*this, ui::id::kCAN, L"Abbruch")),
+      Pic3(passive(*this, ui::id::kOverviewPic3)),
+      Ton(hidden(*this, ui::id::kTon, L"Ton ein")),
+      Command{ui::PushButton(hidden(*this, ui::id::kCommand, L"X")),
+              ui::PushButton(hidden(*this, ui::id::kCommand + 1, L"<<")),
+              ui::PushButton(hidden(*this, ui::id::kCommand + 2, L"| |")),
+              ui::PushButton(hidden(*this, ui::id::kCommand + 3, L">")),
+              ui::PushButton(hidden(*this, ui::id::kCommand + 4)),
+              ui::PushButton(hidden(*this, ui::id::kCommand + 5))},
+      Pic2(passive(*this, ui::id::kOverviewPic2)),
+      Progress(passive(*this, ui::id::kProgress), kProgressColour),
+      Timer1(loop, kPositionMs),
+      Timer2(loop, kHighlightMs) {
+    setBackground(kGroundColour);
+    Command[0].setToolTip(L"SCHLIESSEN");
+    Command[1].setToolTip(L"ZURÜCK");
+    Command[2].setToolTip(L"PAUSE");
+    Command[3].setToolTip(L"START");
+    made_ = true;
+    const RECT work = platform::Monitors::current().workAreaOf(beside.hwnd());
+    const int across = static_cast<int>(work.right - work.left);
+    const int down = static_cast<int>(work.bottom - work.top);
+    SetWindowPos(hwnd(), nullptr, work.left + across / kFreeOfMonitor, work.top + down / kFreeOfMonitor,
+                 across - 2 * (across / kFreeOfMonitor), down - 2 * (down / kFreeOfMonitor),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    layOut();
+}
+
+void Form2::layOut() {
+    if (!made_) {
+        return;
+    }
+    const SIZE size = clientSize();
+    const bool music = musicShown();
+    places_ = layOutForm2(ui::toTwips(size.cx, dpi()), ui::toTwips(size.cy, dpi()), music);
+    setCards(music ? std::vector<ui::TwipsRect>{places_.card} : std::vector<ui::TwipsRect>{});
+    Grid.move(places_.grid);
+    List1Caption.move(places_.caption);
+    List1.move(places_.List1);
+    OK.move(places_.OK);
+    CAN.move(places_.CAN);
+    Pic3.move(places_.Pic3);
+    Pic2.move(places_.Pic3);
+    Ton.move(tonPlace(places_));
+    for (std::size_t i = 0; i < Command.size(); ++i) {
+        Command.at(i).move(commandPlace(places_, static_cast<int>(i)));
+    }
+    ui::TwipsRect bar = places_.progress;
+    bar.width *= progress_;
+    Progress.move(bar);
+}
+
+void Form2::showMusic(bool shown) {
+    List1Caption.setVisible(shown);
+    List1.setVisible(shown);
+    OK.setVisible(shown);
+    CAN.setVisible(shown);
+    layOut();
+}
+
+void Form2::showProgress(int done, int all) {
+    progress_ = all > 0 ? static_cast<float>(done) / static_cast<float>(all) : 1.0F;
+    Progress.setVisible(done < all);
+    Progress.setWidth(places_.progress.width * progress_);
+}
+
+bool Form2::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
+    if (message == WM_GETMINMAXINFO) {
+        auto& limits = *reinterpret_cast<MINMAXINFO*>(l);
+        limits.ptMinTrackSize = {ui::toPixels(kForm2SmallestWidth, dpi()),
+                                 ui::toPixels(kForm2SmallestHeight, dpi())};
+        result = 0;
+        return true;
+    }
+    return Form::onMessage(message, w, l, result);
+}
+
+void Form2::onSize(int, int) {
+    layOut();
+}
+
+}  // namespace overview

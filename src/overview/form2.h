@@ -1,0 +1,59 @@
+#pragma once
+
+#include <array>
+
+#include "overview/form2_layout.h"
+#include "overview/grid_panel.h"
+#include "ui/button.h"
+#include "ui/check_box.h"
+#include "ui/event_loop.h"
+#include "ui/form.h"
+#include "ui/label.h"
+#include "ui/line.h"
+#include "ui/list_box.h"
+#include "ui/picture_box.h"
+#include "ui/timer.h"
+
+namespace overview {
+
+/// The overview of a folder: the grid of thumbnails, beside it the music list, and over it the big box with
+/// its row of buttons. It holds the controls under their names and lays them out; what happens at their
+/// events is wired by Overview.
+class Form2 : public ui::Form {
+  public:
+    /// On the monitor that `beside` lies on, nearly as large as that.
+    Form2(ui::EventLoop& loop, const ui::Window& beside);
+
+    /// Shows or hides the music list with its caption and buttons; the grid makes room.
+    void showMusic(bool shown);
+    bool musicShown() const { return List1.visible(); }
+    /// How much of the thumbnails is there; all of them (or none wanted) hides the bar.
+    void showProgress(int done, int all);
+    const Form2Layout& places() const { return places_; }
+
+    GridPanel Grid;
+    ui::Label List1Caption;
+    ui::ListBox List1;
+    ui::PushButton OK;
+    ui::PushButton CAN;
+    ui::PictureBox Pic3;
+    ui::CheckBox Ton;
+    std::array<ui::PushButton, 6> Command;
+    ui::PictureBox Pic2;
+    ui::Line Progress;
+    ui::Timer Timer1;
+    ui::Timer Timer2;
+
+  protected:
+    bool onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
+    void onSize(int width, int height) override;
+
+  private:
+    void layOut();
+
+    Form2Layout places_;
+    float progress_ = 1;
+    bool made_ = false;
+};
+
+}  // namespace overview

@@ -1,0 +1,307 @@
+#include "overview/thumbnail_grid.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <unordered_set>
+#include <utility>
+
+#include "files/file_filter.h"
+#include "overview/film_still.h"
+#include "overview/reorder_rule.h"
+#include "overview/thumb_folder.h"
+#include "platform/directory.h"
+
+namespace overview {
+
+namespace {
+
+constexpr int kBoxesPerTurn = 100;
+constexpr int kPollMs = 10;
+/// How long a turn takes results, so that the window stays alive.
+constexpr double kMostMsPerTurn = 20;
+constexpr int kMostResultsPerTurn = 64;
+/// An image is made anew for cells that grew by a quarter, and kept smaller for those that shrank to half.
+constexpr int kGrown = 5;
+constexpr int kBefore = 4;
+constexpr int kShrunk = 2;
+
+}  // namespace
+
+ThumbnailGrid::ThumbnailGrid(Parts parts)
+    : parts_(std::move(parts)), making_(parts_.loop, 1), filling_(parts_.loop, kPollMs) {
+    making_.onTimer = [this] { makeBoxes(); };
+    filling_.onTimer = [this] { fill(); };
+    parts_.view.onChanged = [this] { request(); };
+}
+
+void ThumbnailGrid::load() {
+    const int count = parts_.records.thumbCount();
+    parts_.view.reset(0);
+    thumbs_.assign(static_cast<std::size_t>(count), {});
+    places_.resize(thumbs_.size());
+    for (int i = 0; i < count; ++i) {
+        places_[static_cast<std::size_t>(i)] = i;
+        at(i).item = i;
+        at(i).locked = record(i).locked;
+    }
+    done_ = 0;
+    parts_.view.reset(count);
+    making_.setEnabled(true);
+}
+
+void ThumbnailGrid::makeBoxes() {
+    const int from = parts_.view.boxCount();
+    const bool more = parts_.view.createMore(thumbs_, kBoxesPerTurn);
+    for (int i = from; i < parts_.view.boxCount(); ++i) {
+        parts_.records.thumbRecords[static_cast<std::size_t>(i)].toolTip = tipOf(record(i));
+        tipChanged(i);
+    }
+    if (!more) {
+        making_.setEnabled(false);
+        reportProgress();
+        request();
+    }
+}
+
+std::wstring ThumbnailGrid::pathOf(int index) const {
+    return platform::joinPath(parts_.records.folder, record(index).fileName);
+}
+
+bool ThumbnailGrid::isFilm(int index) const {
+    return files::isVideoName(record(index).fileName);
+}
+
+bool ThumbnailGrid::wantsImage(int index, const GridLayout& layout) const {
+    const Thumb& thumb = at(index);
+    if (!thumb.failed.empty()) {
+        return false;
+    }
+    return !thumb.filled || thumb.image.width * kGrown <= layout.imageWidth() * kBefore;
+}
+
+ThumbnailJob ThumbnailGrid::jobFor(int index, const GridLayout& layout) const {
+    ThumbnailJob job;
+    job.item = at(index).item;
+    job.version = at(index).version;
+    job.width = layout.imageWidth();
+    job.height = layout.imageHeight();
+    job.colours = parts_.colours();
+    if (!at(index).filled) {
+        job.kept = parts_.store.pathOf(record(index).fileName);
+        job.embedded = true;
+    }
+    if (!isFilm(index)) {
+        job.path = pathOf(index);
+    }
+    return job;
+}
+
+// What is seen comes first, then a screen more on either side of an enlarged grid, and then the rest, small.
+void ThumbnailGrid::request() {
+    if (making_.enabled()) {
+        return;
+    }
+    releaseOutOfView();
+    const std::vector<int> underWay = workers_.underWay();
+    const std::unordered_set<int> busy(underWay.begin(), underWay.end());
+    stale_ = !busy.empty();
+    std::array<std::deque<ThumbnailJob>, 3> jobs;
+    const ItemRange inView = parts_.view.inView();
+    const ItemRange nearby = parts_.view.inView(1);
+    const GridLayout fitting = parts_.view.fittingLayout();
+    for (int i = 0; i < static_cast<int>(thumbs_.size()); ++i) {
+        const GridLayout& layout = nearby.holds(i) ? parts_.view.layout() : fitting;
+        if (busy.contains(at(i).item) || !wantsImage(i, layout)) {
+            continue;
+        }
+        ThumbnailJob job = jobFor(i, layout);
+        // A film that is kept shows that until it is opened.
+        if (!isFilm(i) || (!job.kept.empty() && at(i).image.empty())) {
+            jobs.at(inView.holds(i) ? 0 : nearby.holds(i) ? 1 : 2).push_back(std::move(job));
+        }
+    }
+    std::move(jobs[1].begin(), jobs[1].end(), std::back_inserter(jobs[0]));
+    std::move(jobs[2].begin(), jobs[2].end(), std::back_inserter(jobs[0]));
+    workers_.setJobs(std::move(jobs[0]));
+    filling_.setEnabled(true);
+}
+
+// Images are kept as small as they are needed: those out of view as when all items are shown.
+void ThumbnailGrid::releaseOutOfView() {
+    const ItemRange nearby = parts_.view.inView(1);
+    const GridLayout fitting = parts_.view.fittingLayout();
+    for (int i = 0; i < static_cast<int>(thumbs_.size()); ++i) {
+        const GridLayout& wanted = nearby.holds(i) ? parts_.view.layout() : fitting;
+        const picture::Pixels& image = at(i).image;
+        if (!image.empty() && image.width > kShrunk * wanted.imageWidth()) {
+            at(i).image = scaledTo(image, wanted.imageWidth(), wanted.imageHeight());
+        }
+    }
+}
+
+void ThumbnailGrid::fill() {
+    const bool filmDone = fillFilm();
+    const bool took = takeResults();
+    if (took || filmDone) {
+        reportProgress();
+    }
+    if (workers_.busy() || filmDone) {
+        return;
+    }
+    if (std::exchange(stale_, false)) {
+        request();
+        return;
+    }
+    filling_.setEnabled(false);
+}
+
+bool ThumbnailGrid::takeResults() {
+    const double until = parts_.loop.now() + kMostMsPerTurn;
+    bool took = false;
+    for (int i = 0; i < kMostResultsPerTurn && parts_.loop.now() < until; ++i) {
+        const auto result = workers_.take();
+        if (!result) {
+            break;
+        }
+        apply(*result);
+        took = true;
+    }
+    return took;
+}
+
+void ThumbnailGrid::apply(const ThumbnailResult& result) {
+    const int index = places_[static_cast<std::size_t>(result.item)];
+    if (result.version != at(index).version) {
+        return;
+    }
+    if (!isFilm(index)) {
+        setImage(index, result.pixels);
+    } else if (result.pixels && !at(index).filled) {
+        at(index).image = *result.pixels;
+        repaint(index);
+    }
+}
+
+void ThumbnailGrid::setImage(int index, std::optional<picture::Pixels> image) {
+    Thumb& thumb = at(index);
+    if (!std::exchange(thumb.filled, true)) {
+        ++done_;
+    }
+    if (image) {
+        thumb.image = std::move(*image);
+        thumb.failed.clear();
+    } else {
+        const GridLayout& layout = parts_.view.layout();
+        thumb.image = picture::Pixels(layout.imageWidth(), layout.imageHeight());
+        thumb.failed = record(index).fileName;
+    }
+    repaint(index);
+}
+
+std::optional<int> ThumbnailGrid::nextFilm() const {
+    const ItemRange nearby = parts_.view.inView(1);
+    std::optional<int> beside;
+    for (int i = 0; i < static_cast<int>(thumbs_.size()); ++i) {
+        if (!isFilm(i)) {
+            continue;
+        }
+        if (nearby.holds(i) && wantsImage(i, parts_.view.layout())) {
+            return i;
+        }
+        if (!beside && !at(i).filled) {
+            beside = i;
+        }
+    }
+    return beside;
+}
+
+// One film a turn, so that everything else goes on between two of them.
+bool ThumbnailGrid::fillFilm() {
+    const auto next = filmsPaused_ ? std::nullopt : nextFilm();
+    if (next) {
+        showFilm(*next);
+    }
+    return next.has_value();
+}
+
+void ThumbnailGrid::showFilm(int index) {
+    const bool first = !at(index).filled;
+    const GridLayout& layout = parts_.view.layout();
+    auto still =
+        filmStill(parts_.control, parts_.Pic2, pathOf(index), layout.imageWidth(), layout.imageHeight());
+    if (still && first) {
+        parts_.store.save(record(index).fileName, *still);
+    }
+    setImage(index, std::move(still));
+}
+
+std::optional<picture::Pixels> ThumbnailGrid::redraw(int index) {
+    ++at(index).version;
+    const GridLayout& layout = parts_.view.layout();
+    if (isFilm(index)) {
+        auto still =
+            filmStill(parts_.control, parts_.Pic2, pathOf(index), layout.imageWidth(), layout.imageHeight());
+        setImage(index, still);
+        return still;
+    }
+    ThumbnailJob job;
+    job.path = pathOf(index);
+    job.width = layout.imageWidth();
+    job.height = layout.imageHeight();
+    auto plain = makeThumbnail(job);
+    job.colours = parts_.colours();
+    setImage(index, job.colours ? makeThumbnail(job) : plain);
+    return plain;
+}
+
+void ThumbnailGrid::repaint(int index) {
+    if (ThumbnailBox* box = parts_.view.box(index)) {
+        box->repaint();
+    }
+}
+
+void ThumbnailGrid::lockChanged(int index) {
+    at(index).locked = record(index).locked;
+    repaint(index);
+}
+
+void ThumbnailGrid::tipChanged(int index) {
+    if (const ThumbnailBox* box = parts_.view.box(index)) {
+        parts_.setTip(box->hwnd(), record(index).toolTip);
+    }
+}
+
+void ThumbnailGrid::move(int source, int target) {
+    moveItem(parts_.records.thumbRecords, source, target);
+    moveItem(thumbs_, source, target);
+    for (int i = std::min(source, target); i <= std::max(source, target); ++i) {
+        places_[static_cast<std::size_t>(at(i).item)] = i;
+        tipChanged(i);
+        repaint(i);
+    }
+}
+
+void ThumbnailGrid::pauseFilms(bool paused) {
+    filmsPaused_ = paused;
+    if (!paused) {
+        request();
+    }
+}
+
+void ThumbnailGrid::stop() {
+    making_.setEnabled(false);
+    workers_.finish();
+    while (const auto result = workers_.take()) {
+        apply(*result);
+    }
+    filling_.setEnabled(false);
+}
+
+void ThumbnailGrid::reportProgress() {
+    if (onProgress) {
+        onProgress(done_, static_cast<int>(thumbs_.size()));
+    }
+}
+
+}  // namespace overview

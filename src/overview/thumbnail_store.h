@@ -1,0 +1,43 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "picture/pixels.h"
+#include "platform/directory.h"
+
+namespace overview {
+
+/// The thumbnails that a picture folder keeps of its items, in a folder of its own. What lies there was read
+/// once and is not looked up again for each item.
+class ThumbnailStore {
+  public:
+    ThumbnailStore() = default;
+    /// `fileNames`: of all pictures and films of the folder, hidden ones too. `writable`: whether the folder
+    /// can be written. A store that is missing or cannot be read counts as empty.
+    ThumbnailStore(const std::wstring& folder, const std::vector<std::wstring>& fileNames, bool writable);
+
+    /// Whether there is a store: its folder holds a bitmap.
+    bool present() const { return present_; }
+    /// Where an item's thumbnail lies; empty where there is none, or one that belongs to several items.
+    std::wstring pathOf(std::wstring_view fileName) const;
+    /// Keeps an item's thumbnail where there is a store that can be written, by a new file that takes the
+    /// former one's place; false where that is not so or failed. Thumbnails that several items would share
+    /// are not kept.
+    bool save(std::wstring_view fileName, const picture::Pixels& pixels);
+
+  private:
+    std::wstring folder_;
+    std::unordered_set<std::wstring> names_;   ///< what lies there, by folded name
+    std::unordered_set<std::wstring> shared_;  ///< the same, of several items
+    bool present_ = false;
+    bool writable_ = false;
+};
+
+/// A thumbnail out of a store. None where it is missing or damaged. May be called on any thread.
+std::optional<picture::Pixels> readThumbnail(const std::wstring& path);
+
+}  // namespace overview
