@@ -2,7 +2,9 @@
 
 #include <dwmapi.h>
 
+#include "media/media_text.h"
 #include "platform/handles.h"
+#include "platform/short_path.h"
 
 namespace media {
 
@@ -42,6 +44,23 @@ bool covers(HWND window, const RECT& area) {
 }
 
 }  // namespace
+
+MediaReply openFilm(MediaControl& control, const std::wstring& path, const ui::PictureBox& box) {
+    MediaReply reply = control.send("open " + platform::shortPath(path) + " alias VIDEO parent " +
+                                    handleText(box.hwnd()) + " style child");
+    disableChildren(box.hwnd());
+    return reply;
+}
+
+void fitFilm(MediaControl& control, const ui::PictureBox& box) {
+    const float twips = ui::twipsPerPixel(box.dpi());
+    const std::string command =
+        "put VIDEO window at 0 0 " + pixelText(box.width() / twips) + " " + pixelText(box.height() / twips);
+    // The blank in front is the command's own form; a device that does not know it gets it without.
+    if (control.send(" " + command).error != 0) {
+        control.send(command);
+    }
+}
 
 void disableChildren(HWND parent) {
     EnumChildWindows(parent, disable, 0);

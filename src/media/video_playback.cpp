@@ -6,8 +6,6 @@
 
 #include "media/film_window.h"
 #include "media/last_frame.h"
-#include "media/media_text.h"
-#include "platform/short_path.h"
 #include "text/text_number.h"
 
 namespace media {
@@ -55,9 +53,7 @@ void VideoPlayback::OpenAndPlayVideo(const std::wstring& path) {
     parts_.control.send("close VIDEO");
     phase_ = Phase::Idle;
     path_ = path;
-    parts_.control.send("open " + platform::shortPath(path) + " alias VIDEO parent " +
-                        handleText(parts_.stage.Pic2.hwnd()) + " style child");
-    disableChildren(parts_.stage.Pic2.hwnd());
+    openFilm(parts_.control, path, parts_.stage.Pic2);
     parts_.control.send("set VIDEO audio all off");
     fillBox();
     parts_.loop.doEvents();
@@ -68,14 +64,7 @@ void VideoPlayback::OpenAndPlayVideo(const std::wstring& path) {
 }
 
 void VideoPlayback::fillBox() {
-    const ui::PictureBox& box = parts_.stage.Pic2;
-    const float twips = ui::twipsPerPixel(box.dpi());
-    const std::string command =
-        "put VIDEO window at 0 0 " + pixelText(box.width() / twips) + " " + pixelText(box.height() / twips);
-    // The blank in front is the command's own form; a device that does not know it gets it without.
-    if (parts_.control.send(" " + command).error != 0) {
-        parts_.control.send(command);
-    }
+    fitFilm(parts_.control, parts_.stage.Pic2);
 }
 
 void VideoPlayback::ArmVideoLength() {
