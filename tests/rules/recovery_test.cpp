@@ -73,6 +73,16 @@ TEST_F(RecoveryTest, TheFirstPassIsUndoneTheSecondFinished) {
     EXPECT_EQ(recover().end, End::Nothing);
 }
 
+TEST_F(RecoveryTest, FilesMayHaveOtherNumbersAfterARestart) {
+    for (const int pass : {1, 2}) {
+        const Scene scene = saveScene(7);
+        cutBefore(scene, pass, 3);
+        fileSystem.numbersFrom += 1000;
+        EXPECT_TRUE(recover().skipped.empty());
+        EXPECT_TRUE(isWhole(disk, scene, pass == 1 ? Side::Old : Side::New, true));
+    }
+}
+
 TEST_F(RecoveryTest, AMissingFileIsSkipped) {
     cutBefore(ringScene(3), 2, 1);
     remove(L"TMP002.jpg");
