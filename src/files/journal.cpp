@@ -192,10 +192,10 @@ class Reader {
     bool good_ = true;
 };
 
-// A file whose content never came to the medium is empty, cut off, or holds zeros.
+// A file whose content did not come to the medium is cut off or ends in zeros.
 bool beginsLikeJournal(std::string_view bytes) {
-    return bytes.starts_with(kTitle) || kTitle.starts_with(bytes) ||
-           bytes.find_first_not_of('\0') == std::string_view::npos;
+    const std::string_view written = bytes.substr(0, bytes.find_last_not_of('\0') + 1);
+    return written.starts_with(kTitle) || kTitle.starts_with(written);
 }
 
 Phase lastPhase(std::string_view marks) {

@@ -36,7 +36,10 @@ void JournalRun::locate(const FolderView& view, Phase phase) {
     // one picture may have equal stamps.
     for (const Place place : {Place::Temporary, expected, other}) {
         for (std::size_t i = 0; i < count(); ++i) {
-            const FolderEntry* entry = view.findFile(nameAt(i, place), moveOf(i).stamp);
+            FileStamp stamp = moveOf(i).stamp;
+            // Some file systems number their files anew each time they are mounted.
+            stamp.number = place == other ? stamp.number : 0;
+            const FolderEntry* entry = view.findFile(nameAt(i, place), stamp);
             if (places_[i] == Place::Gone && entry != nullptr && claimed.insert(entry).second) {
                 places_[i] = place;
             }
@@ -136,9 +139,10 @@ Failure JournalRun::bringAttributes(Place side) {
     Failure first = view.failure;
     for (std::size_t i = 0; i < count() && view.failure == Failure::None; ++i) {
         const JournalMove& move = moveOf(i);
-        const FolderEntry* entry = view.value.findFile(nameAt(i, side), move.stamp);
+        const FolderEntry* entry = view.value.find(nameAt(i, side));
         const std::uint32_t wanted = side == Place::Old ? move.oldAttributes : move.newAttributes;
-        if ((places_[i] != side && !move.stays()) || entry == nullptr || entry->attributes == wanted) {
+        if (places_[i] == Place::Gone || (places_[i] != side && !move.stays()) || entry == nullptr ||
+            entry->attributes == wanted) {
             continue;
         }
         const std::wstring file = path(nameAt(i, side));

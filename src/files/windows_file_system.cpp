@@ -132,7 +132,7 @@ std::pair<Failure, platform::File> createWith(const std::wstring& path, std::str
 Answer<std::vector<FolderEntry>> WindowsFileSystem::list(const std::wstring& folder) const {
     Answer<std::vector<FolderEntry>> answer;
     try {
-        for (platform::DirectoryEntry& entry : platform::listDirectory(folder)) {
+        for (platform::DirectoryEntry& entry : platform::listDirectoryWithNumbers(folder)) {
             answer.value.push_back(
                 entryOf(std::move(entry.name), entry.attributes, {entry.size, entry.written, entry.number}));
         }

@@ -61,7 +61,7 @@ DirectoryEntry entryOf(std::wstring name, DWORD attributes, std::uint64_t size, 
 }
 
 // With the files' numbers; nothing where the file system does not answer so.
-std::optional<std::vector<DirectoryEntry>> listWithNumbers(const std::wstring& folder) {
+std::optional<std::vector<DirectoryEntry>> readWithNumbers(const std::wstring& folder) {
     const File handle(CreateFileW(unlimitedPath(folder).c_str(), FILE_LIST_DIRECTORY,
                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                   OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
@@ -101,9 +101,6 @@ std::wstring unlimitedPath(const std::wstring& path) {
 
 std::vector<DirectoryEntry> listDirectory(const std::wstring& folder) {
     const QuietDrives quiet;
-    if (std::optional<std::vector<DirectoryEntry>> listed = listWithNumbers(folder)) {
-        return std::move(*listed);
-    }
     std::vector<DirectoryEntry> entries;
     WIN32_FIND_DATAW data{};
     const std::wstring wanted = unlimitedPath(joinPath(folder, L"*"));
@@ -125,6 +122,12 @@ std::vector<DirectoryEntry> listDirectory(const std::wstring& folder) {
         }
     } while (FindNextFileW(find.get(), &data) != FALSE);
     return entries;
+}
+
+std::vector<DirectoryEntry> listDirectoryWithNumbers(const std::wstring& folder) {
+    const QuietDrives quiet;
+    std::optional<std::vector<DirectoryEntry>> listed = readWithNumbers(folder);
+    return listed ? std::move(*listed) : listDirectory(folder);
 }
 
 bool folderExists(const std::wstring& folder) {

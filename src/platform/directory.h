@@ -11,9 +11,9 @@ struct DirectoryEntry {
     std::wstring name;
     bool folder = false;
     bool hidden = false;
-    std::uint64_t size = 0;     ///< bytes
-    std::uint64_t written = 0;  ///< time of the last write: units of 100 ns since 1601, UTC
-    std::uint64_t number = 0;   ///< the file system's own number, which a rename keeps; 0 where it has none
+    std::uint64_t size = 0;        ///< bytes
+    std::uint64_t written = 0;     ///< time of the last write: units of 100 ns since 1601, UTC
+    std::uint64_t number = 0;      ///< the file system's own, which a rename keeps; 0: not asked for, or none
     std::uint32_t attributes = 0;  ///< the system's bits
 };
 
@@ -23,6 +23,9 @@ std::wstring unlimitedPath(const std::wstring& path);
 /// What a folder holds, read at once, "." and ".." left out, in the file system's order. Throws Error when
 /// the folder is missing or cannot be read (a drive without a medium, no permission).
 std::vector<DirectoryEntry> listDirectory(const std::wstring& folder);
+
+/// The same with the files' numbers where the file system keeps them.
+std::vector<DirectoryEntry> listDirectoryWithNumbers(const std::wstring& folder);
 
 /// Whether a folder is there.
 bool folderExists(const std::wstring& folder);

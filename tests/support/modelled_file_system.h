@@ -34,6 +34,7 @@ class ModelledFileSystem : public files::FileSystem {
     ModelledFault fault;
     int cutAt = -1;              ///< the power goes before this change of the disk, counted from 0; -1: never
     bool keepsNumbers = true;    ///< files have numbers of their own
+    int numbersFrom = 0;         ///< added to every number: the disk was mounted anew
     bool flushesFolders = true;  ///< the system offers flushFolder
     mutable int operations = 0;  ///< calls so far
     int changes = 0;             ///< changes of the disk so far
@@ -216,7 +217,7 @@ class ModelledFileSystem : public files::FileSystem {
 
     files::FolderEntry entry(const ModelledDisk::Node& node) const {
         const ModelledDisk::File& file = disk_.file(node);
-        const auto number = static_cast<std::uint64_t>(keepsNumbers ? node.file : 0);
+        const auto number = static_cast<std::uint64_t>(keepsNumbers ? node.file + numbersFrom : 0);
         return {node.path.substr(node.path.rfind(L'\\') + 1),
                 false,
                 file.attributes,

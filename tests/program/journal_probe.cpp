@@ -1,0 +1,95 @@
+// Changes a folder of pictures through the journal, or recovers it, and is killed on the way:
+//   journal_probe change FOLDER N     every "P*.jpg" gets the name of the next one, the last one the first's
+//   journal_probe recover FOLDER N
+// Before the N-th operation (from 0) that changes the disk the process ends at once, as if it was killed,
+// with exit code 9. Without one it ends with 0 when the change was done or the recovery left nothing to do,
+// else 1.
+#include <windows.h>
+
+#include <algorithm>
+#include <string>
+
+#include "files/change_folder.h"
+#include "files/recovery.h"
+#include "files/windows_file_system.h"
+
+namespace {
+
+constexpr UINT kKilled = 9;
+
+class KilledFileSystem : public files::WindowsFileSystem {
+  public:
+    explicit KilledFileSystem(int last) : left_(last) {}
+
+    files::Failure rename(const std::wstring& from, const std::wstring& to) override {
+        step();
+        return WindowsFileSystem::rename(from, to);
+    }
+    files::Failure remove(const std::wstring& path) override {
+        step();
+        return WindowsFileSystem::remove(path);
+    }
+    files::Failure writeNew(const std::wstring& path, std::string_view bytes) override {
+        step();
+        return WindowsFileSystem::writeNew(path, bytes);
+    }
+    files::Failure replace(const std::wstring& from, const std::wstring& to) override {
+        step();
+        return WindowsFileSystem::replace(from, to);
+    }
+    files::Failure flushFolder(const std::wstring& folder) override {
+        step();
+        return WindowsFileSystem::flushFolder(folder);
+    }
+    Held createHeld(const std::wstring& path, std::string_view bytes) override {
+        step();
+        return WindowsFileSystem::createHeld(path, bytes);
+    }
+
+  private:
+    void step() {
+        if (left_-- == 0) {
+            TerminateProcess(GetCurrentProcess(), kKilled);
+        }
+    }
+
+    int left_;
+};
+
+files::ChangePlan ringOf(const files::FileSystem& fileSystem, const std::wstring& folder) {
+    files::ChangePlan plan;
+    plan.folder = folder;
+    for (const files::FolderEntry& entry : fileSystem.list(folder).value) {
+        if (entry.name.starts_with(L"P") && entry.name.ends_with(L".jpg")) {
+            plan.moves.push_back({entry.name, {}, entry.stamp, {}});
+        }
+    }
+    std::sort(plan.moves.begin(), plan.moves.end(),
+              [](const auto& one, const auto& other) { return one.from < other.from; });
+    for (std::size_t i = 0; i < plan.moves.size(); ++i) {
+        plan.moves[i].to = plan.moves[(i + 1) % plan.moves.size()].from;
+    }
+    plan.script = files::ScriptChange{L"Panorell.txt", "old", "new"};
+    return plan;
+}
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR commandLine, int) {
+    const std::wstring arguments = commandLine;
+    const std::size_t first = arguments.find(L' ');
+    const std::size_t last = arguments.rfind(L' ');
+    const std::wstring folder = arguments.substr(first + 1, last - first - 1);
+    KilledFileSystem fileSystem(std::stoi(arguments.substr(last + 1)));
+    const files::Waiting waiting{[] { return static_cast<double>(GetTickCount64()); },
+                                 [](int ms) { Sleep(static_cast<DWORD>(ms)); }};
+    if (arguments.starts_with(L"change ")) {
+        const files::Outcome outcome = files::changeFolder(fileSystem, ringOf(fileSystem, folder), waiting);
+        return outcome.end == files::Outcome::End::Done ? 0 : 1;
+    }
+    const files::Recovery recovery = files::recoverFolder(fileSystem, folder, waiting);
+    const bool settled = recovery.end == files::Recovery::End::Nothing ||
+                         recovery.end == files::Recovery::End::Finished ||
+                         recovery.end == files::Recovery::End::Undone;
+    return settled && recovery.skipped.empty() ? 0 : 1;
+}
