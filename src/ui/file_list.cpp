@@ -24,7 +24,7 @@ std::vector<platform::DirectoryEntry> contentOf(const std::wstring& folder) {
 }  // namespace
 
 FileList::FileList(const CreateArgs& args, Matcher matches, std::wstring pattern)
-    : ListBox(args, DWORD{LBS_OWNERDRAWFIXED}), matches_(std::move(matches)), pattern_(std::move(pattern)) {}
+    : ListBox(args), matches_(std::move(matches)), pattern_(std::move(pattern)) {}
 
 std::vector<std::wstring> FileList::namesIn(const std::vector<platform::DirectoryEntry>& content) const {
     std::vector<std::wstring> names;
