@@ -5,6 +5,7 @@
 #include <exception>
 
 #include "app/first_picture.h"
+#include "app/folder_recovery.h"
 #include "app/option_set.h"
 #include "app/resource_ids.h"
 
@@ -36,6 +37,9 @@ Application::Application(ui::EventLoop& loop, media::MediaControl& control, cons
 
 void Application::wireSetup() {
     setup_.browser().colours = [this] { return show_.screen().colours(); };
+    setup_.browser().onFolder = [this](const std::wstring& folder) {
+        recoverFolder(loop_, fileSystem_, folder, form_.visible() ? &form_ : nullptr);
+    };
     setup_.browser().onAboutToShow = [this](const std::wstring& path) { show_.prepare(path); };
     form_.Start.onClick = [this] { begin(&Show::start); };
     form_.Run.onClick = [this] { begin(&Show::run); };

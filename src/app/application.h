@@ -10,6 +10,7 @@
 #include "app/show.h"
 #include "app/shutdown.h"
 #include "app/surface_settings.h"
+#include "files/windows_file_system.h"
 #include "media/media_control.h"
 #include "platform/profile_file.h"
 #include "platform/tray_icon.h"
@@ -48,6 +49,7 @@ class Application {
     void runAtOnce();
 
     ui::EventLoop& loop_;
+    files::WindowsFileSystem fileSystem_;
     ProgramState state_;
     platform::ProfileFile settings_;
     SurfaceSettings surfaces_;

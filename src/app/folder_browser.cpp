@@ -87,6 +87,9 @@ void FolderBrowser::fillLists() {
 }
 
 void FolderBrowser::folderChanged() {
+    if (onFolder) {
+        onFolder(parts_.lists.Dir1.path());
+    }
     ui::FileList::setPath(parts_.lists.Dir1.path(), {&parts_.lists.File1, &parts_.lists.File2});
     parts_.music.musicIndex = 0;
     parts_.music.musicList = media::musicEntries(parts_.lists.File2.entries());

@@ -48,6 +48,8 @@ class FolderBrowser {
     void setPreviewing(bool on);
     bool previewLoading() const { return preview_.loading(); }
 
+    /// A folder is about to be read: the last moment to bring its files in order.
+    std::function<void(const std::wstring& folder)> onFolder;
     /// The file that a show would begin with is another one.
     std::function<void(const std::wstring& path)> onAboutToShow;
     /// The colours of the monitor that previews are seen on.

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/folder_recovery.h"
 #include "platform/directory.h"
 #include "platform/monitors.h"
 
@@ -17,13 +18,16 @@ void Overview::open() {
     parts_.music.musicFolder = platform::joinPath(folder, L"");
     parts_.tray.remove();
     if (!overview_) {
-        overview_.emplace(overview::Overview::Parts{parts_.loop, parts_.control, form, [this](HWND window) {
-                                                        return parts_.surfaces.coloursOf(
-                                                            platform::Monitors::current().areaOf(window));
-                                                    }});
+        overview_.emplace(overview::Overview::Parts{
+            parts_.loop, parts_.control, form, fileSystem_, parts_.music,
+            [this](HWND window) {
+                return parts_.surfaces.coloursOf(platform::Monitors::current().areaOf(window));
+            },
+            [&form] { return form.File2.entries(); }});
         overview_->form().onCloseAsked = [this] { endEditing(); };
     }
     form.hide();
+    recoverFolder(parts_.loop, fileSystem_, folder, &form);
     form.File1.setWithHidden(true);
     overview_->open(folder, form.File1.pattern());
 }

@@ -5,6 +5,7 @@
 #include "app/form1.h"
 #include "app/shutdown.h"
 #include "app/surface_settings.h"
+#include "files/windows_file_system.h"
 #include "media/media_control.h"
 #include "media/music_state.h"
 #include "media/video_playback.h"
@@ -39,6 +40,7 @@ class Overview {
     void endEditing();
 
     Parts parts_;
+    files::WindowsFileSystem fileSystem_;
     std::optional<overview::Overview> overview_;
 };
 

@@ -14,8 +14,10 @@ using ui::CreateArgs;
 
 constexpr wchar_t kCaption[] = L"Reihenfolge ändern: Ziehen\r\nTitel sperren: Klick\r\nAnhören: Doppelklick";
 constexpr ui::Rgb kProgressColour = 0x6F8FB8;
-constexpr int kPositionMs = 250;
-constexpr int kHighlightMs = 50;
+constexpr ui::Twips kTonWidth = 1200;
+constexpr ui::Twips kCommandWidth = 600;
+constexpr ui::Twips kInfoWidth = 2400;
+constexpr ui::Twips kRowHeight = 420;
 constexpr int kFreeOfMonitor = 40;  // a fortieth of the work area is left at each side
 
 CreateArgs shown(ui::Window& form, int id, const wchar_t* text = L"") {
@@ -28,6 +30,13 @@ CreateArgs hidden(ui::Window& form, int id, const wchar_t* text = L"") {
 
 CreateArgs passive(ui::Window& form, int id, const wchar_t* text = L"") {
     return {.parent = form, .id = id, .text = text, .visible = false};
+}
+
+/// In the row below the enlarged view, which places it; only its size counts.
+CreateArgs ofRow(ui::Window& form, int id, const wchar_t* text, ui::Twips width) {
+    CreateArgs args = hidden(form, id, text);
+    args.place = {0, 0, width, kRowHeight};
+    return args;
 }
 
 }  // namespace
@@ -43,17 +52,17 @@ Form2::Form2(ui::EventLoop& loop, const ui::Window& beside)
       OK(hidden(*this, ui::id::kOK, L"OK")),
       CAN(hidden(*this, ui::id::kCAN, L"Abbruch")),
       Pic3(passive(*this, ui::id::kOverviewPic3)),
-      Ton(hidden(*this, ui::id::kTon, L"Ton ein")),
-      Command{ui::PushButton(hidden(*this, ui::id::kCommand, L"X")),
-              ui::PushButton(hidden(*this, ui::id::kCommand + 1, L"<<")),
-              ui::PushButton(hidden(*this, ui::id::kCommand + 2, L"| |")),
-              ui::PushButton(hidden(*this, ui::id::kCommand + 3, L">")),
-              ui::PushButton(hidden(*this, ui::id::kCommand + 4)),
-              ui::PushButton(hidden(*this, ui::id::kCommand + 5))},
+      Ton(ofRow(*this, ui::id::kTon, L"Ton ein", kTonWidth)),
+      Command{ui::PushButton(ofRow(*this, ui::id::kCommand, L"X", kCommandWidth)),
+              ui::PushButton(ofRow(*this, ui::id::kCommand + 1, L"<<", kCommandWidth)),
+              ui::PushButton(ofRow(*this, ui::id::kCommand + 2, L"| |", kCommandWidth)),
+              ui::PushButton(ofRow(*this, ui::id::kCommand + 3, L">", kCommandWidth)),
+              ui::PushButton(ofRow(*this, ui::id::kCommand + 4, L"", kCommandWidth)),
+              ui::PushButton(ofRow(*this, ui::id::kCommand + 5, L"", kInfoWidth))},
       Pic2(passive(*this, ui::id::kOverviewPic2)),
       Progress(passive(*this, ui::id::kProgress), kProgressColour),
-      Timer1(loop, kPositionMs),
-      Timer2(loop, kHighlightMs) {
+      Timer1(loop),
+      Timer2(loop) {
     setBackground(kGroundColour);
     Command[0].setToolTip(L"SCHLIESSEN");
     Command[1].setToolTip(L"ZURÜCK");
@@ -74,7 +83,7 @@ void Form2::layOut() {
         return;
     }
     const SIZE size = clientSize();
-    const bool music = musicShown();
+    const bool music = List1.visible();
     places_ = layOutForm2(ui::toTwips(size.cx, dpi()), ui::toTwips(size.cy, dpi()), music);
     setCards(music ? std::vector<ui::TwipsRect>{places_.card} : std::vector<ui::TwipsRect>{});
     Grid.move(places_.grid);
@@ -82,23 +91,13 @@ void Form2::layOut() {
     List1.move(places_.List1);
     OK.move(places_.OK);
     CAN.move(places_.CAN);
-    Pic3.move(places_.Pic3);
-    Pic2.move(places_.Pic3);
-    Ton.move(tonPlace(places_));
-    for (std::size_t i = 0; i < Command.size(); ++i) {
-        Command.at(i).move(commandPlace(places_, static_cast<int>(i)));
-    }
+    Pic2.move(places_.grid);
     ui::TwipsRect bar = places_.progress;
     bar.width *= progress_;
     Progress.move(bar);
-}
-
-void Form2::showMusic(bool shown) {
-    List1Caption.setVisible(shown);
-    List1.setVisible(shown);
-    OK.setVisible(shown);
-    CAN.setVisible(shown);
-    layOut();
+    if (onLaidOut) {
+        onLaidOut();
+    }
 }
 
 void Form2::showProgress(int done, int all) {

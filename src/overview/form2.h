@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 
 #include "overview/form2_layout.h"
 #include "overview/grid_panel.h"
@@ -24,9 +25,11 @@ class Form2 : public ui::Form {
     /// On the monitor that `beside` lies on, nearly as large as that.
     Form2(ui::EventLoop& loop, const ui::Window& beside);
 
-    /// Shows or hides the music list with its caption and buttons; the grid makes room.
-    void showMusic(bool shown);
-    bool musicShown() const { return List1.visible(); }
+    /// Lays the controls out; to be called when the music list was shown or hidden, for which the grid makes
+    /// room.
+    void layOut();
+    /// The controls lie where they belong for another size.
+    std::function<void()> onLaidOut;
     /// How much of the thumbnails is there; all of them (or none wanted) hides the bar.
     void showProgress(int done, int all);
     const Form2Layout& places() const { return places_; }
@@ -49,8 +52,6 @@ class Form2 : public ui::Form {
     void onSize(int width, int height) override;
 
   private:
-    void layOut();
-
     Form2Layout places_;
     float progress_ = 1;
     bool made_ = false;

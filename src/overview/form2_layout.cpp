@@ -15,11 +15,6 @@ constexpr Twips kPadding = 150;
 constexpr Twips kCaptionHeight = 720;
 constexpr Twips kButtonWidth = 1350;
 constexpr Twips kButtonHeight = 420;
-constexpr Twips kTonWidth = 1200;
-constexpr Twips kCommandWidth = 600;
-constexpr Twips kInfoWidth = 4200;
-constexpr int kInfo = 5;
-constexpr Twips kRowHeight = 420;
 
 }  // namespace
 
@@ -42,22 +37,7 @@ Form2Layout layOutForm2(Twips width, Twips height, bool music) {
     const Twips middle = layout.List1.left + layout.List1.width / 2;
     layout.OK = {middle - kButtonWidth - kPadding / 2, buttonTop, kButtonWidth, kButtonHeight};
     layout.CAN = {middle + kPadding / 2, buttonTop, kButtonWidth, kButtonHeight};
-
-    const Twips boxHeight = std::min(layout.grid.height - kRowHeight, layout.grid.width * 3 / 4);
-    const Twips boxWidth = boxHeight * 4 / 3;
-    layout.Pic3 = {layout.grid.left + (layout.grid.width - boxWidth) / 2,
-                   layout.grid.top + (layout.grid.height - kRowHeight - boxHeight) / 2, boxWidth, boxHeight};
     return layout;
-}
-
-ui::TwipsRect tonPlace(const Form2Layout& layout) {
-    return {layout.Pic3.left, layout.Pic3.top + layout.Pic3.height, kTonWidth, kRowHeight};
-}
-
-ui::TwipsRect commandPlace(const Form2Layout& layout, int index) {
-    const ui::TwipsRect ton = tonPlace(layout);
-    return {ton.left + ton.width + static_cast<Twips>(index) * kCommandWidth, ton.top,
-            index == kInfo ? kInfoWidth : kCommandWidth, kRowHeight};
 }
 
 }  // namespace overview

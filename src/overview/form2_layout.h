@@ -13,15 +13,10 @@ struct Form2Layout {
     ui::TwipsRect List1;
     ui::TwipsRect OK;
     ui::TwipsRect CAN;
-    ui::TwipsRect Pic3;  ///< the big box, of 4:3, over the grid
 };
 
 /// `music`: whether the music list is shown, which takes its place from the grid.
 Form2Layout layOutForm2(ui::Twips width, ui::Twips height, bool music);
-
-/// The place of a button of the row beneath the big box.
-ui::TwipsRect commandPlace(const Form2Layout& layout, int index);
-ui::TwipsRect tonPlace(const Form2Layout& layout);
 
 inline constexpr ui::Twips kForm2SmallestWidth = 9600;
 inline constexpr ui::Twips kForm2SmallestHeight = 7200;

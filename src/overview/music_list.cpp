@@ -55,6 +55,9 @@ void MusicList::setVisible(bool visible) {
     parts_.List1.setVisible(visible);
     parts_.OK.setVisible(visible);
     parts_.CAN.setVisible(visible);
+    if (parts_.toggled) {
+        parts_.toggled();
+    }
 }
 
 void MusicList::stopAudition() {

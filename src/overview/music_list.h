@@ -27,6 +27,8 @@ class MusicList {
         media::MediaControl& control;
         media::MusicState& music;
         RenameMusic rename;
+        /// The list and its buttons were shown or hidden.
+        std::function<void()> toggled;
         /// Told one German sentence when OK was refused; the list stays as it is.
         std::function<void(const std::wstring& sentence)> refused;
     };

@@ -3,26 +3,56 @@
 #include <utility>
 
 #include "overview/thumb_folder.h"
+#include "ui/message_box.h"
 #include "ui/tooltip.h"
 
 namespace overview {
 
+namespace {
+
+constexpr const wchar_t* kMusicTitle = L"  Musik";
+
+}  // namespace
+
 Overview::Overview(const Parts& parts)
     : loop_(parts.loop),
+      musicNames_(parts.musicFiles),
       form_(parts.loop, parts.beside),
       view_(parts.loop, form_.Grid),
       grid_({parts.loop, parts.control, records_, store_, view_, form_.Pic2,
              [this, colours = parts.colours] { return colours(form_.hwnd()); },
              [this](HWND box, const std::wstring& text) { ui::Tooltip::of(form_.hwnd()).set(box, text); }}),
       selection_({records_, form_.Grid, view_}),
-      drag_({parts.loop, records_, form_.Grid, view_, grid_}) {
+      drag_({parts.loop, records_, form_.Grid, view_, grid_}),
+      enlarged_({parts.loop,
+                 parts.control,
+                 {form_.Pic3,
+                  {&form_.Command[0], &form_.Command[1], &form_.Command[2], &form_.Command[3],
+                   &form_.Command[4], &form_.Command[5]},
+                  form_.Ton,
+                  form_.Timer1},
+                 records_,
+                 [this] { return form_.places().grid; },
+                 [this, colours = parts.colours] { return colours(form_.hwnd()); },
+                 [this](bool on) { form_.Grid.setEnabled(on); }}),
+      musicFiles_(parts.loop, parts.fileSystem),
+      music_({form_.List1, form_.List1Caption, form_.OK, form_.CAN, form_.Timer2, parts.control, parts.music,
+              [this](const std::wstring& folder, const std::vector<MusicEntry>& order) {
+                  return musicFiles_.rename(folder, order);
+              },
+              [this] { form_.layOut(); },
+              [this](const std::wstring& sentence) {
+                  ui::messageBox(&form_, sentence, kMusicTitle, ui::MessageIcon::Exclamation);
+              }}) {
     wire();
+    wireEnlarged();
 }
 
 // The window ends after the engines, and must not tell them.
 Overview::~Overview() {
     form_.Grid.disconnect();
     form_.onDpi = nullptr;
+    form_.onLaidOut = nullptr;
 }
 
 void Overview::wire() {
@@ -39,11 +69,7 @@ void Overview::wire() {
     form_.Grid.onKey = [this](int key) {
         return (key == VK_ESCAPE && drag_.cancel()) || selection_.key(key);
     };
-    selection_.onEnlarge = [this](int index) {
-        if (onEnlarge) {
-            onEnlarge(index);
-        }
-    };
+    selection_.onEnlarge = [this](int index) { enlarged_.enlarge(index); };
     selection_.onMenu = [this](int index, POINT screen) {
         drag_.cancel();
         if (onMenu) {
@@ -54,6 +80,39 @@ void Overview::wire() {
     form_.onDpi = [this] { view_.layOut(); };
 }
 
+// One film is open at a time: none for a thumbnail while an item is enlarged.
+void Overview::wireEnlarged() {
+    enlarged_.onShown = [this](int index) {
+        grid_.pauseFilms(index >= 0);
+        if (index >= 0) {
+            drag_.cancel();
+            selection_.select(index);
+        } else {
+            form_.Grid.setFocus();
+        }
+    };
+    form_.onKey = [this](int key, bool) { return enlarged_.isOpen() && keyWhileEnlarged(key); };
+    form_.onLaidOut = [this] { enlarged_.layOut(); };
+}
+
+bool Overview::keyWhileEnlarged(int key) {
+    switch (key) {
+        case VK_ESCAPE:
+            enlarged_.close();
+            return true;
+        case VK_LEFT:
+        case VK_UP:
+            enlarged_.step(-1);
+            return true;
+        case VK_RIGHT:
+        case VK_DOWN:
+            enlarged_.step(1);
+            return true;
+        default:
+            return false;
+    }
+}
+
 void Overview::open(const std::wstring& folder, const std::wstring& pattern) {
     form_.show();
     form_.Grid.setFocus();
@@ -61,6 +120,8 @@ void Overview::open(const std::wstring& folder, const std::wstring& pattern) {
     ThumbFolder read = readThumbFolder(folder, pattern);
     records_ = std::move(read.records);
     store_ = std::move(read.store);
+    musicFiles_.load(folder);
+    music_.load(musicNames_(), records_.folderWritable);
     grid_.load();
 }
 

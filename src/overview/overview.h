@@ -2,11 +2,17 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
+#include "files/file_system.h"
 #include "media/media_control.h"
+#include "media/music_state.h"
+#include "overview/enlarged_view.h"
 #include "overview/form2.h"
 #include "overview/grid_selection.h"
 #include "overview/grid_view.h"
+#include "overview/music_files.h"
+#include "overview/music_list.h"
 #include "overview/thumb_record.h"
 #include "overview/thumbnail_drag.h"
 #include "overview/thumbnail_grid.h"
@@ -24,8 +30,12 @@ class Overview {
         media::MediaControl& control;
         /// The window in whose place the overview comes.
         const ui::Window& beside;
+        files::FileSystem& fileSystem;
+        media::MusicState& music;
         /// The colours of the monitor that a window lies on.
         std::function<picture::ColourTarget(HWND)> colours;
+        /// The names of the folder's music files, in their order.
+        std::function<std::vector<std::wstring>()> musicFiles;
     };
     explicit Overview(const Parts& parts);
     ~Overview();
@@ -42,16 +52,19 @@ class Overview {
     GridView& view() { return view_; }
     GridSelection& selection() { return selection_; }
     ThumbnailDrag& drag() { return drag_; }
+    EnlargedView& enlarged() { return enlarged_; }
+    MusicList& music() { return music_; }
 
-    /// An item is to be looked at large: double click or return key.
-    std::function<void(int index)> onEnlarge;
     /// The menu of an item is wanted; records().pressedIndex is that item already.
     std::function<void(int index, POINT screen)> onMenu;
 
   private:
     void wire();
+    void wireEnlarged();
+    bool keyWhileEnlarged(int key);
 
     ui::EventLoop& loop_;
+    std::function<std::vector<std::wstring>()> musicNames_;
     ThumbRecords records_;
     ThumbnailStore store_;
     Form2 form_;
@@ -59,6 +72,9 @@ class Overview {
     ThumbnailGrid grid_;
     GridSelection selection_;
     ThumbnailDrag drag_;
+    EnlargedView enlarged_;
+    MusicFiles musicFiles_;
+    MusicList music_;
 };
 
 }  // namespace overview

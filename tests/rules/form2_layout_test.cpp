@@ -17,8 +17,7 @@ TEST(Form2Layout, EverythingLiesInTheWindow) {
         for (const bool music : {false, true}) {
             const Form2Layout layout = layOutForm2(width, height, music);
             const ui::TwipsRect window{0, 0, width, height};
-            for (const ui::TwipsRect& place : {layout.grid, layout.progress, layout.Pic3, tonPlace(layout),
-                                               commandPlace(layout, 0), commandPlace(layout, 4)}) {
+            for (const ui::TwipsRect& place : {layout.grid, layout.progress}) {
                 EXPECT_TRUE(within(place, window)) << width << " " << music;
             }
             EXPECT_GT(layout.grid.height, height * 0.9F);
@@ -42,17 +41,6 @@ TEST(Form2Layout, TheButtonsStandCentredHalfTheirHeightBelowTheList) {
     EXPECT_FLOAT_EQ(middle - (layout.OK.left + layout.OK.width), layout.CAN.left - middle);
     EXPECT_FLOAT_EQ(layout.OK.top, layout.List1.top + layout.List1.height + layout.OK.height / 2);
     EXPECT_FLOAT_EQ(layout.CAN.top, layout.OK.top);
-}
-
-TEST(Form2Layout, TheBigBoxHasTheShape4To3AndItsRowBeneathIt) {
-    const Form2Layout layout = layOutForm2(20000, 12000, false);
-    EXPECT_NEAR(layout.Pic3.width * 3, layout.Pic3.height * 4, 1);
-    EXPECT_FLOAT_EQ(tonPlace(layout).left, layout.Pic3.left);
-    EXPECT_FLOAT_EQ(tonPlace(layout).top, layout.Pic3.top + layout.Pic3.height);
-    for (int i = 1; i < 6; ++i) {
-        const ui::TwipsRect before = commandPlace(layout, i - 1);
-        EXPECT_FLOAT_EQ(commandPlace(layout, i).left, before.left + before.width);
-    }
 }
 
 }  // namespace

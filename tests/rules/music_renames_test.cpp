@@ -1,4 +1,4 @@
-#include "media/music_order.h"
+#include "media/music_renames.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ OrderedTitle locked(const wchar_t* name) {
     return {name, {}, false};
 }
 
-TEST(MusicOrder, BareNames) {
+TEST(MusicRenames, BareNames) {
     const std::pair<const wchar_t*, const wchar_t*> cases[] = {
         {L"01 Meer.mp3", L"Meer.mp3"},
         {L"99 Sturm.mp3", L"Sturm.mp3"},
@@ -36,9 +36,9 @@ TEST(MusicOrder, BareNames) {
     }
 }
 
-TEST(MusicOrder, PlacesAndLocks) {
-    const auto order = musicOrder(L"C:\\Musik", {playing(L"02 Meer.mp3"), locked(L"Am Meer.mp3"),
-                                                 playing(L"1999.mp3"), playing(L"99 Meer.mp3")});
+TEST(MusicRenames, PlacesAndLocks) {
+    const auto order = musicRenames(L"C:\\Musik", {playing(L"02 Meer.mp3"), locked(L"Am Meer.mp3"),
+                                                   playing(L"1999.mp3"), playing(L"99 Meer.mp3")});
     ASSERT_TRUE(order.has_value());
     const Names expected{L"01 Meer.mp3", L"99 Am Meer.mp3", L"03 1999.mp3", L"04 Meer.mp3"};
     EXPECT_EQ(order->musicList, expected);
@@ -49,21 +49,21 @@ TEST(MusicOrder, PlacesAndLocks) {
     EXPECT_FALSE(order->plan.keep);
 }
 
-TEST(MusicOrder, Place99ReadsAsLocked) {
+TEST(MusicRenames, Place99ReadsAsLocked) {
     std::vector<OrderedTitle> titles(98, playing(L"a.mp3"));
-    EXPECT_TRUE(musicOrder(L"C:", titles).has_value());
+    EXPECT_TRUE(musicRenames(L"C:", titles).has_value());
     titles.push_back(locked(L"b.mp3"));
-    ASSERT_TRUE(musicOrder(L"C:", titles).has_value());
-    EXPECT_EQ(musicOrder(L"C:", titles)->musicList.back(), L"99 b.mp3");
+    ASSERT_TRUE(musicRenames(L"C:", titles).has_value());
+    EXPECT_EQ(musicRenames(L"C:", titles)->musicList.back(), L"99 b.mp3");
     titles.push_back(playing(L"c.mp3"));
-    EXPECT_FALSE(musicOrder(L"C:", titles).has_value());
+    EXPECT_FALSE(musicRenames(L"C:", titles).has_value());
     titles[98] = playing(L"b.mp3");
     titles.pop_back();
-    EXPECT_FALSE(musicOrder(L"C:", titles).has_value());
+    EXPECT_FALSE(musicRenames(L"C:", titles).has_value());
 }
 
 // Two titles of one name change places: each entry renames the file that it came from.
-TEST(MusicOrder, EqualTitlesChangePlaces) {
+TEST(MusicRenames, EqualTitlesChangePlaces) {
     support::ModelledDisk disk;
     disk.put(files::at(L"01 Meer.mp3"), "first");
     disk.put(files::at(L"02 Meer.mp3"), "second");
@@ -74,7 +74,7 @@ TEST(MusicOrder, EqualTitlesChangePlaces) {
     for (OrderedTitle& title : titles) {
         title.stamp = fileSystem.stat(files::at(title.fileName)).value.stamp;
     }
-    const auto order = musicOrder(files::kSceneFolder, titles);
+    const auto order = musicRenames(files::kSceneFolder, titles);
     ASSERT_TRUE(order.has_value());
     const files::VirtualTime time;
     EXPECT_EQ(files::changeFolder(fileSystem, order->plan, time.waiting).end, files::Outcome::End::Done);

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "files/windows_file_system.h"
+#include "media/music_state.h"
 #include "overview/bitmap_file.h"
 #include "overview/overview.h"
 #include "support/picture_writer.h"
@@ -55,9 +57,9 @@ class OverviewStage {
 
     /// Begins to load, as far as it gets in one turn.
     void begin(const std::wstring& pattern = L"*.jpg;*.mpg") {
-        overview.emplace(
-            overview::Overview::Parts{loop, control, beside, [](HWND) { return picture::ColourTarget(); }});
-        overview->onEnlarge = [this](int index) { enlargedIndex = index; };
+        overview.emplace(overview::Overview::Parts{loop, control, beside, fileSystem, music,
+                                                   [](HWND) { return picture::ColourTarget(); },
+                                                   [this] { return titles; }});
         overview->onMenu = [this](int index, POINT place) {
             menuIndex = index;
             menuPlace = place;
@@ -164,9 +166,11 @@ class OverviewStage {
     VirtualLoop loop;
     RecordingMediaControl control;
     ScratchFolder pictures;
+    files::WindowsFileSystem fileSystem;
+    media::MusicState music;
+    std::vector<std::wstring> titles;
     ui::Form beside;
     std::optional<overview::Overview> overview;
-    int enlargedIndex = -1;
     int menuIndex = -1;
     POINT menuPlace{};
 

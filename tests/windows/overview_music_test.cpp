@@ -31,7 +31,7 @@ class MusicListTest : public testing::Test {
                                  commandsAtRename = control.commands();
                                  return answer;
                              },
-                             [this](const std::wstring& sentence) { refusals.push_back(sentence); }});
+                             [] {}, [this](const std::wstring& sentence) { refusals.push_back(sentence); }});
     }
 
     /// Makes the files and shows the list.

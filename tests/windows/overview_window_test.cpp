@@ -118,6 +118,7 @@ class OverviewWindowTest : public testing::Test {
 };
 
 TEST_F(OverviewWindowTest, TheMusicListAndTheVideoRowAreHidden) {
+    stage.titles = {L"01 Lied.mp3"};
     open(1);
     Form2& form = stage.overview->form();
     for (const ui::Control* control : std::initializer_list<const ui::Control*>{
@@ -126,12 +127,12 @@ TEST_F(OverviewWindowTest, TheMusicListAndTheVideoRowAreHidden) {
         EXPECT_FALSE(control->visible());
     }
     const int before = static_cast<int>(form.Grid.width());
-    form.showMusic(true);
+    stage.overview->music().show();
     EXPECT_TRUE(form.List1.visible() && form.List1Caption.visible() && form.OK.visible() &&
                 form.CAN.visible());
     EXPECT_LT(form.Grid.width(), before);
     EXPECT_LE(form.Grid.left() + form.Grid.width(), form.List1.left());
-    form.showMusic(false);
+    form.CAN.click();
     EXPECT_EQ(static_cast<int>(form.Grid.width()), before);
 }
 
@@ -156,15 +157,17 @@ TEST_F(OverviewWindowTest, ArrowKeysMoveAVisibleSelection) {
 TEST_F(OverviewWindowTest, ReturnAndADoubleClickEnlarge) {
     open(5);
     stage.key(VK_RETURN);
-    EXPECT_EQ(stage.enlargedIndex, -1) << "nothing is selected";
+    EXPECT_EQ(stage.overview->enlarged().index(), -1) << "nothing is selected";
     stage.key(VK_RIGHT);
     stage.key(VK_RIGHT);
     stage.key(VK_RETURN);
-    EXPECT_EQ(stage.enlargedIndex, 1);
+    EXPECT_EQ(stage.overview->enlarged().index(), 1);
+    stage.key(VK_ESCAPE);
+    EXPECT_FALSE(stage.overview->enlarged().isOpen());
     stage.press(3);
     stage.dropAt(stage.middleOf(3));
     stage.press(3, WM_LBUTTONDBLCLK);
-    EXPECT_EQ(stage.enlargedIndex, 3);
+    EXPECT_EQ(stage.overview->enlarged().index(), 3);
     EXPECT_EQ(selected(), 3);
 }
 

@@ -1,4 +1,4 @@
-#include "media/music_order.h"
+#include "media/music_renames.h"
 
 namespace media {
 
@@ -23,8 +23,9 @@ std::wstring bareMusicName(std::wstring_view fileName) {
     return std::wstring(ordered ? fileName.substr(kPrefixLength) : fileName);
 }
 
-std::optional<MusicOrder> musicOrder(const std::wstring& folder, const std::vector<OrderedTitle>& titles) {
-    MusicOrder order;
+std::optional<MusicRenames> musicRenames(const std::wstring& folder,
+                                         const std::vector<OrderedTitle>& titles) {
+    MusicRenames order;
     order.plan.folder = folder;
     for (std::size_t i = 0; i < titles.size(); ++i) {
         const OrderedTitle& title = titles[i];

@@ -18,7 +18,7 @@ struct OrderedTitle {
 };
 
 /// What makes an order permanent.
-struct MusicOrder {
+struct MusicRenames {
     files::ChangePlan plan;               ///< each file from its old name to its new one
     std::vector<std::wstring> musicList;  ///< the entries once the plan was carried out
 };
@@ -30,6 +30,6 @@ std::wstring bareMusicName(std::wstring_view fileName);
 /// from 01 on and a blank in front of its bare name, one that does not "99 ". Locked titles count as places.
 /// None when a title that plays would have place 99 or beyond, where it would read as locked. Two locked
 /// files of one bare name get one name, which the plan's check refuses.
-std::optional<MusicOrder> musicOrder(const std::wstring& folder, const std::vector<OrderedTitle>& titles);
+std::optional<MusicRenames> musicRenames(const std::wstring& folder, const std::vector<OrderedTitle>& titles);
 
 }  // namespace media
