@@ -264,6 +264,18 @@ TEST_F(OverviewWindowTest, ControlAndTheWheelEnlargeAndTheGridScrolls) {
     }
 }
 
+TEST_F(OverviewWindowTest, PartsOfANotchAddUp) {
+    open(12);
+    const auto turn = [&](int delta) {
+        SendMessageW(stage.panel(), WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, delta), 0);
+    };
+    turn(50);
+    turn(50);
+    EXPECT_FALSE(stage.overview->view().isEnlarged());
+    turn(50);
+    EXPECT_TRUE(stage.overview->view().isEnlarged());
+}
+
 TEST_F(OverviewWindowTest, PlusAndMinusEnlargeAndReduce) {
     open(12);
     const int fitted = stage.overview->view().layout().imageWidth();
@@ -323,6 +335,8 @@ TEST_F(OverviewWindowTest, FollowsItsDpi) {
                  reinterpret_cast<LPARAM>(&window));
     ASSERT_TRUE(stage.loaded());
     EXPECT_EQ(stage.overview->view().layout().columns, before.columns);
+    EXPECT_FLOAT_EQ(stage.overview->form().Grid.left(), stage.overview->form().places().grid.left);
+    EXPECT_FLOAT_EQ(stage.overview->form().Grid.width(), stage.overview->form().places().grid.width);
     for (int i = 0; i < 4; ++i) {
         RECT box{};
         GetWindowRect(stage.box(i), &box);
