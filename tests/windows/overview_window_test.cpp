@@ -331,10 +331,17 @@ TEST_F(OverviewWindowTest, FollowsItsDpi) {
     const GridLayout before = stage.overview->view().layout();
     RECT window{};
     GetWindowRect(stage.overview->form().hwnd(), &window);
+    support::FakeMonitors monitors;
+    monitors.dpi = 192;
+    platform::Monitors::replace(&monitors);
     SendMessageW(stage.overview->form().hwnd(), WM_DPICHANGED, MAKEWPARAM(192, 192),
                  reinterpret_cast<LPARAM>(&window));
     ASSERT_TRUE(stage.loaded());
     EXPECT_EQ(stage.overview->view().layout().columns, before.columns);
+    EXPECT_EQ(stage.overview->view().layout().gap, 2 * before.gap);
+    RECT grid{};
+    GetWindowRect(stage.panel(), &grid);
+    EXPECT_EQ(grid.right - grid.left, ui::toPixels(stage.overview->form().places().grid.width, 192));
     EXPECT_FLOAT_EQ(stage.overview->form().Grid.left(), stage.overview->form().places().grid.left);
     EXPECT_FLOAT_EQ(stage.overview->form().Grid.width(), stage.overview->form().places().grid.width);
     for (int i = 0; i < 4; ++i) {
@@ -342,6 +349,7 @@ TEST_F(OverviewWindowTest, FollowsItsDpi) {
         GetWindowRect(stage.box(i), &box);
         EXPECT_EQ(box.left, stage.overview->view().onScreen(i).left);
     }
+    platform::Monitors::replace(nullptr);
 }
 
 }  // namespace
