@@ -341,6 +341,7 @@ TEST_F(OverviewWindowTest, FollowsItsDpi) {
     EXPECT_EQ(stage.overview->view().layout().gap, 2 * before.gap);
     RECT grid{};
     GetWindowRect(stage.panel(), &grid);
+    EXPECT_LT(grid.right - grid.left, stage.overview->form().clientSize().cx) << "it fits its window";
     EXPECT_EQ(grid.right - grid.left, ui::toPixels(stage.overview->form().places().grid.width, 192));
     EXPECT_FLOAT_EQ(stage.overview->form().Grid.left(), stage.overview->form().places().grid.left);
     EXPECT_FLOAT_EQ(stage.overview->form().Grid.width(), stage.overview->form().places().grid.width);
