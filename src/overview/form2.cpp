@@ -117,6 +117,12 @@ bool Form2::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
     return Form::onMessage(message, w, l, result);
 }
 
+// The window may keep its size in pixels, which is another one in twips then.
+void Form2::onDpiChanged(int dpi, const RECT& suggested) {
+    Form::onDpiChanged(dpi, suggested);
+    layOut();
+}
+
 void Form2::onSize(int, int) {
     layOut();
 }

@@ -50,6 +50,7 @@ class Form2 : public ui::Form {
   protected:
     bool onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
     void onSize(int width, int height) override;
+    void onDpiChanged(int dpi, const RECT& suggested) override;
 
   private:
     Form2Layout places_;

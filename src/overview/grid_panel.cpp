@@ -59,7 +59,7 @@ bool GridPanel::onMessage(UINT message, WPARAM w, LPARAM, LRESULT& result) {
             scrolled(LOWORD(w));
             return true;
         case WM_MOUSEWHEEL:
-            onWheelTurned(GET_WHEEL_DELTA_WPARAM(w) / WHEEL_DELTA, (LOWORD(w) & MK_CONTROL) != 0);
+            turned(GET_WHEEL_DELTA_WPARAM(w), (LOWORD(w) & MK_CONTROL) != 0);
             return true;
         case WM_CONTEXTMENU:
             onMenuKey();
@@ -69,6 +69,16 @@ bool GridPanel::onMessage(UINT message, WPARAM w, LPARAM, LRESULT& result) {
             return true;
         default:
             return false;
+    }
+}
+
+// Fine wheels and touch pads turn by parts of a notch.
+void GridPanel::turned(int delta, bool control) {
+    wheel_ += delta;
+    const int notches = wheel_ / WHEEL_DELTA;
+    wheel_ -= notches * WHEEL_DELTA;
+    if (notches != 0) {
+        onWheelTurned(notches, control);
     }
 }
 

@@ -52,7 +52,10 @@ class GridPanel : public ui::Control {
 
   private:
     void scrolled(int code);
+    void turned(int delta, bool control);
     POINT onScreen(const ui::MouseEvent& event) const;
+
+    int wheel_ = 0;  ///< what is left of a notch
 };
 
 }  // namespace overview

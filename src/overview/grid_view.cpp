@@ -18,7 +18,7 @@ class WithoutRedraw {
     explicit WithoutRedraw(HWND window) : window_(window) { SendMessageW(window_, WM_SETREDRAW, FALSE, 0); }
     ~WithoutRedraw() {
         SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
-        RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+        RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
     }
     WithoutRedraw(const WithoutRedraw&) = delete;
     WithoutRedraw& operator=(const WithoutRedraw&) = delete;
@@ -190,7 +190,9 @@ std::optional<int> GridView::itemAt(POINT screen) const {
     RECT client{};
     GetClientRect(panel_.hwnd(), &client);
     ScreenToClient(panel_.hwnd(), &screen);
-    return PtInRect(&client, screen) != FALSE ? cellAt(layout_, screen.x, screen.y + scroll_) : std::nullopt;
+    const auto index =
+        PtInRect(&client, screen) != FALSE ? cellAt(layout_, screen.x, screen.y + scroll_) : std::nullopt;
+    return index && *index < boxCount() ? index : std::nullopt;
 }
 
 RECT GridView::onScreen(int index) const {

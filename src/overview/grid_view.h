@@ -50,7 +50,7 @@ class GridView {
     /// Enlarges (+1) or reduces (-1) the cells by a step; the item at `anchor` (-1: none) stays where it is
     /// seen. 0 shows all again.
     void zoom(int direction, int anchor);
-    /// The item at a place on the screen.
+    /// The item at a place on the screen; none where its box is not made yet.
     std::optional<int> itemAt(POINT screen) const;
     /// A cell's place on the screen.
     RECT onScreen(int index) const;

@@ -86,14 +86,15 @@ void DragImage::moveTo(POINT screen) {
     }
 }
 
-DragImage::Hidden::Hidden() {
-    if (dragging && hiders++ == 0) {
+DragImage::Hidden::Hidden() : counted_(dragging) {
+    if (counted_ && hiders++ == 0) {
         ImageList_DragShowNolock(FALSE);
     }
 }
 
+// The dragging may have ended meanwhile.
 DragImage::Hidden::~Hidden() {
-    if (dragging && --hiders == 0) {
+    if (counted_ && --hiders == 0 && dragging) {
         ImageList_DragShowNolock(TRUE);
     }
 }

@@ -27,6 +27,9 @@ class DragImage {
         ~Hidden();
         Hidden(const Hidden&) = delete;
         Hidden& operator=(const Hidden&) = delete;
+
+      private:
+        bool counted_;
     };
 
   private:

@@ -160,6 +160,18 @@ TEST_F(OverviewOrderTest, TheWindowMayGoInTheMiddleOfIt) {
     EXPECT_EQ(GetCapture(), nullptr);
 }
 
+TEST(OverviewOrder, NothingIsDroppedWhereNoBoxIsYet) {
+    OverviewStage stage;
+    for (int i = 0; i < 150; ++i) {
+        stage.pictures.file(L"p" + std::to_wstring(i + 100) + L".jpg", "");
+    }
+    stage.begin();
+    stage.loop.advance(1);
+    ASSERT_EQ(stage.overview->view().boxCount(), 100);
+    EXPECT_EQ(stage.overview->view().itemAt(stage.middleOf(99)), 99);
+    EXPECT_EQ(stage.overview->view().itemAt(stage.middleOf(100)), std::nullopt);
+}
+
 TEST(OverviewOrder, AResultFindsItsItemWhereverItLies) {
     OverviewStage stage;
     stage.picturesOf({0xC00000, 0x00C000, 0x0000C0, 0xC0C000});

@@ -267,6 +267,18 @@ TEST_F(OverviewWindowTest, ControlAndTheWheelEnlargeAndTheGridScrolls) {
     }
 }
 
+TEST_F(OverviewWindowTest, PartsOfANotchAddUp) {
+    open(12);
+    const auto turn = [&](int delta) {
+        SendMessageW(stage.panel(), WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, delta), 0);
+    };
+    turn(50);
+    turn(50);
+    EXPECT_FALSE(stage.overview->view().isEnlarged());
+    turn(50);
+    EXPECT_TRUE(stage.overview->view().isEnlarged());
+}
+
 TEST_F(OverviewWindowTest, PlusAndMinusEnlargeAndReduce) {
     open(12);
     const int fitted = stage.overview->view().layout().imageWidth();
@@ -322,15 +334,26 @@ TEST_F(OverviewWindowTest, FollowsItsDpi) {
     const GridLayout before = stage.overview->view().layout();
     RECT window{};
     GetWindowRect(stage.overview->form().hwnd(), &window);
+    support::FakeMonitors monitors;
+    monitors.dpi = 192;
+    platform::Monitors::replace(&monitors);
     SendMessageW(stage.overview->form().hwnd(), WM_DPICHANGED, MAKEWPARAM(192, 192),
                  reinterpret_cast<LPARAM>(&window));
     ASSERT_TRUE(stage.loaded());
     EXPECT_EQ(stage.overview->view().layout().columns, before.columns);
+    EXPECT_EQ(stage.overview->view().layout().gap, 2 * before.gap);
+    RECT grid{};
+    GetWindowRect(stage.panel(), &grid);
+    EXPECT_LT(grid.right - grid.left, stage.overview->form().clientSize().cx) << "it fits its window";
+    EXPECT_EQ(grid.right - grid.left, ui::toPixels(stage.overview->form().places().grid.width, 192));
+    EXPECT_FLOAT_EQ(stage.overview->form().Grid.left(), stage.overview->form().places().grid.left);
+    EXPECT_FLOAT_EQ(stage.overview->form().Grid.width(), stage.overview->form().places().grid.width);
     for (int i = 0; i < 4; ++i) {
         RECT box{};
         GetWindowRect(stage.box(i), &box);
         EXPECT_EQ(box.left, stage.overview->view().onScreen(i).left);
     }
+    platform::Monitors::replace(nullptr);
 }
 
 }  // namespace
