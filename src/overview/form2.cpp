@@ -13,7 +13,6 @@ namespace {
 using ui::CreateArgs;
 
 constexpr wchar_t kCaption[] = L"Reihenfolge ändern: Ziehen\r\nTitel sperren: Klick\r\nAnhören: Doppelklick";
-constexpr ui::Rgb kProgressColour = 0x6F8FB8;
 constexpr ui::Twips kTonWidth = 1200;
 constexpr ui::Twips kCommandWidth = 600;
 constexpr ui::Twips kInfoWidth = 2400;
@@ -60,7 +59,7 @@ Form2::Form2(ui::EventLoop& loop, const ui::Window& beside)
               ui::PushButton(ofRow(*this, ui::id::kCommand + 4, L"", kCommandWidth)),
               ui::PushButton(ofRow(*this, ui::id::kCommand + 5, L"", kInfoWidth))},
       Pic2(passive(*this, ui::id::kOverviewPic2)),
-      Progress(passive(*this, ui::id::kProgress), kProgressColour),
+      Progress(passive(*this, ui::id::kProgress)),
       Timer1(loop),
       Timer2(loop) {
     setBackground(kGroundColour);
@@ -92,18 +91,16 @@ void Form2::layOut() {
     OK.move(places_.OK);
     CAN.move(places_.CAN);
     Pic2.move(places_.grid);
-    ui::TwipsRect bar = places_.progress;
-    bar.width *= progress_;
-    Progress.move(bar);
+    Progress.move(places_.progress);
     if (onLaidOut) {
         onLaidOut();
     }
 }
 
 void Form2::showProgress(int done, int all) {
-    progress_ = all > 0 ? static_cast<float>(done) / static_cast<float>(all) : 1.0F;
     Progress.setVisible(done < all);
-    Progress.setWidth(places_.progress.width * progress_);
+    Progress.setMaximum(std::max(1, all));
+    Progress.setValue(done);
 }
 
 bool Form2::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {

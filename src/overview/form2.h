@@ -10,9 +10,9 @@
 #include "ui/event_loop.h"
 #include "ui/form.h"
 #include "ui/label.h"
-#include "ui/line.h"
 #include "ui/list_box.h"
 #include "ui/picture_box.h"
+#include "ui/progress_bar.h"
 #include "ui/timer.h"
 
 namespace overview {
@@ -43,7 +43,7 @@ class Form2 : public ui::Form {
     ui::CheckBox Ton;
     std::array<ui::PushButton, 6> Command;
     ui::PictureBox Pic2;
-    ui::Line Progress;
+    ui::ProgressBar Progress;
     ui::Timer Timer1;
     ui::Timer Timer2;
 
@@ -54,7 +54,6 @@ class Form2 : public ui::Form {
 
   private:
     Form2Layout places_;
-    float progress_ = 1;
     bool made_ = false;
 };
 

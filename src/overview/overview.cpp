@@ -1,15 +1,19 @@
 #include "overview/overview.h"
 
+#include <commctrl.h>
+
 #include <utility>
 
 #include "overview/thumb_folder.h"
 #include "ui/message_box.h"
-#include "ui/tooltip.h"
 
 namespace overview {
 
 namespace {
 
+constexpr int kTipWidth = 240;
+/// How long a tip stays up.
+constexpr int kTipMs = 10000;
 constexpr const wchar_t* kMusicTitle = L"  Musik";
 
 }  // namespace
@@ -21,7 +25,7 @@ Overview::Overview(const Parts& parts)
       view_(parts.loop, form_.Grid),
       grid_({parts.loop, parts.control, records_, store_, view_, form_.Pic2,
              [this, colours = parts.colours] { return colours(form_.hwnd()); },
-             [this](HWND box, const std::wstring& text) { ui::Tooltip::of(form_.hwnd()).set(box, text); }}),
+             [this](HWND box, const std::wstring& text) { setTip(box, text); }}),
       selection_({records_, form_.Grid, view_}),
       drag_({parts.loop, records_, form_.Grid, view_, grid_}),
       enlarged_({parts.loop,
@@ -44,6 +48,9 @@ Overview::Overview(const Parts& parts)
               [this](const std::wstring& sentence) {
                   ui::messageBox(&form_, sentence, kMusicTitle, ui::MessageIcon::Exclamation);
               }}) {
+    tips_.Create(form_.hwnd());
+    tips_.setMaxTipWidth(kTipWidth);
+    tips_.setDelayTime(TTDT_AUTOPOP, kTipMs);
     wire();
     wireEnlarged();
 }
@@ -53,6 +60,12 @@ Overview::~Overview() {
     form_.Grid.disconnect();
     form_.onDpi = nullptr;
     form_.onLaidOut = nullptr;
+}
+
+// A tool that is there already is made anew: its window may be another one with the same handle.
+void Overview::setTip(HWND box, const std::wstring& text) {
+    tips_.RemoveTool(box);
+    tips_.AddTool(box, text);
 }
 
 void Overview::wire() {

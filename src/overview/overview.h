@@ -18,6 +18,7 @@
 #include "overview/thumbnail_grid.h"
 #include "overview/thumbnail_store.h"
 #include "picture/picture_decoder.h"
+#include "ui/clstt.h"
 #include "ui/event_loop.h"
 
 namespace overview {
@@ -54,11 +55,13 @@ class Overview {
     ThumbnailDrag& drag() { return drag_; }
     EnlargedView& enlarged() { return enlarged_; }
     MusicList& music() { return music_; }
+    const ui::clstt& tips() const { return tips_; }
 
     /// The menu of an item is wanted; records().pressedIndex is that item already.
     std::function<void(int index, POINT screen)> onMenu;
 
   private:
+    void setTip(HWND box, const std::wstring& text);
     void wire();
     void wireEnlarged();
     bool keyWhileEnlarged(int key);
@@ -69,6 +72,7 @@ class Overview {
     ThumbnailStore store_;
     Form2 form_;
     GridView view_;
+    ui::clstt tips_;
     ThumbnailGrid grid_;
     GridSelection selection_;
     ThumbnailDrag drag_;

@@ -25,7 +25,7 @@ constexpr int kMostProbes = 100;
 std::vector<platform::DirectoryEntry> filesOf(const std::wstring& folder) {
     std::vector<platform::DirectoryEntry> found;
     try {
-        for (platform::DirectoryEntry& entry : platform::listDirectory(folder)) {
+        for (platform::DirectoryEntry& entry : platform::listDirectoryWithNumbers(folder)) {
             if (!entry.folder && files::matchesPattern(entry.name, files::kTypPatterns[0])) {
                 found.push_back(std::move(entry));
             }

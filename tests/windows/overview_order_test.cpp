@@ -6,7 +6,7 @@
 
 #include "support/app_stage.h"
 #include "support/overview_stage.h"
-#include "ui/tooltip.h"
+#include "ui/clstt.h"
 
 namespace overview {
 namespace {
@@ -69,17 +69,10 @@ TEST_F(OverviewOrderTest, TipsFollowTheirItems) {
     stage.record(2).toolTip.clear();
     stage.overview->grid().tipChanged(2);
     stage.drag(0, 3);
-    const HWND tip = ui::Tooltip::of(stage.overview->form().hwnd()).hwnd();
-    const auto shown = [&](int index) {
-        wchar_t text[200]{};
-        TTTOOLINFOW tool{};
-        tool.cbSize = TTTOOLINFOW_V1_SIZE;
-        tool.hwnd = stage.overview->form().hwnd();
-        tool.uId = reinterpret_cast<UINT_PTR>(stage.box(index));
-        tool.lpszText = text;
-        SendMessageW(tip, TTM_GETTEXTW, 200, reinterpret_cast<LPARAM>(&tool));
-        return std::wstring(text);
-    };
+    const ui::clstt& attached = stage.overview->tips();
+    const auto shown = [&](int index) { return attached.ToolText(stage.box(index)); };
+    EXPECT_EQ(attached.ToolCount(), 5);
+    EXPECT_EQ(attached.DelayTime(TTDT_AUTOPOP), 10000);
     EXPECT_EQ(shown(0), L"tip 1");
     EXPECT_EQ(shown(1), L"") << "an item without a tip takes the one of its place away";
     EXPECT_EQ(shown(2), L"tip 3");
