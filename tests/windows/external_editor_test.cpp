@@ -1,98 +1,16 @@
 #include "edit/external_editor.h"
 
 #include <gmock/gmock.h>
-#include <windows.h>
 
-#include <atomic>
-#include <thread>
-
+#include "external_editor_fixture.h"
 #include "overview/thumbnail_store.h"
-#include "platform/directory.h"
 #include "platform/file_time.h"
-#include "platform/profile_file.h"
-#include "support/edit_scene.h"
-#include "support/import_hook.h"
-#include "support/picture_writer.h"
-#include "support/test_form.h"
 
 namespace edit {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-/// The program that stands for the user's; it lies beside the tests.
-std::wstring testEditor() {
-    wchar_t path[MAX_PATH]{};
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::wstring own(path);
-    return own.substr(0, own.rfind(L'\\') + 1) + L"picture_editor.exe";
-}
-
-std::string narrow(const std::wstring& text) {
-    return {text.begin(), text.end()};
-}
-
-int beeps = 0;
-BOOL WINAPI countBeep(UINT) {
-    ++beeps;
-    return TRUE;
-}
-
-class ExternalEditorTest : public testing::Test {
-  protected:
-    ExternalEditorTest() {
-        beeps = 0;
-        scene_.folder.file(kName, "a picture");
-        before_ = scene_.setTimes(kName);
-        scene_.load();
-        editorPath_ = testEditor();
-    }
-
-    ExternalEditor::Desk desk() {
-        return {[this](const std::wstring& notice) { log_.push_back("block " + narrow(notice)); },
-                [this] { log_.emplace_back("unblock"); },
-                [this](const std::wstring& name) {
-                    EXPECT_EQ(commandLine(), L"") << "the editor runs already";
-                    log_.push_back("remove " + narrow(name));
-                },
-                [this](int index) { log_.push_back("redraw " + std::to_string(index)); }};
-    }
-    ExternalEditor editor() {
-        return ExternalEditor({test_.loop, scene_.records, editorPath_, scene_.dialogue(), desk(),
-                               [this](const std::wstring& path) {
-                                   log_.emplace_back("keep");
-                                   return settings_.write(L"Prog", L"Name", path);
-                               }});
-    }
-    /// What the editor is to do with the picture.
-    void job(const char* words) { scene_.folder.file(L"editor-job.txt", words); }
-    void letGoOn() { scene_.folder.file(L"editor-go.txt"); }
-    bool started() const { return platform::fileExists(scene_.folder / L"editor-started.txt"); }
-    /// How the editor was called; empty when it was not.
-    std::wstring commandLine() const {
-        if (!started()) {
-            return {};
-        }
-        const auto bytes = support::readBytes(scene_.folder / L"editor-started.txt");
-        return {reinterpret_cast<const wchar_t*>(bytes.data()), bytes.size() / sizeof(wchar_t)};
-    }
-    std::string content() const {
-        const auto bytes = support::readBytes(scene_.folder / kName);
-        return {bytes.begin(), bytes.end()};
-    }
-
-    static constexpr const wchar_t* kName = L"Mein Bild.jpg";
-
-    support::TestForm test_;
-    support::EditScene scene_;
-    support::ScratchFolder programs_;
-    platform::ProfileFile settings_{programs_ / L"Panorell.ini"};
-    platform::FileTimes before_;
-    std::wstring editorPath_;
-    std::vector<std::string> log_;
-    support::ImportHook beep_{"MessageBeep", countBeep};
-};
 
 TEST_F(ExternalEditorTest, ThePictureIsChangedAndKeepsItsTimes) {
     job("append");
@@ -216,8 +134,9 @@ TEST_F(ExternalEditorTest, AProgramThatCannotBeStartedIsToldOf) {
         << scene_.told[0].text;
     EXPECT_EQ(scene_.facts(kName).times, before_);
     EXPECT_EQ(content(), "a picture");
-    EXPECT_EQ(log_.back(), "unblock");
-    EXPECT_EQ(log_[2], "redraw 0") << "its stored thumbnail comes back";
+    EXPECT_THAT(log_, ElementsAre("remove Mein Bild.jpg", "block Warten auf \xABkein Programm\xBB ...",
+                                  "redraw 0", "unblock"))
+        << "its stored thumbnail comes back";
 }
 
 TEST_F(ExternalEditorTest, APictureThatChangedMeanwhileIsNotOpened) {
@@ -250,148 +169,6 @@ TEST_F(ExternalEditorTest, TheStoredThumbnailIsGoneBeforeTheEditorStarts) {
     EXPECT_FALSE(platform::fileExists(thumbnail));
     EXPECT_EQ(store.pathOf(kName), L"");
     EXPECT_TRUE(platform::fileExists(scene_.folder / L"Mini\\Anderes.bmp"));
-}
-
-TEST_F(ExternalEditorTest, ThePathIsAskedForUntilThereIsSuchAFile) {
-    const std::wstring former = editorPath_;
-    scene_.answers = {L"C:\\gibt es nicht.exe", L"picture_editor.exe", L"\"" + testEditor() + L"\""};
-    job("append");
-    ExternalEditor chooser = editor();
-    editorPath_ = L"C:\\frueher.exe";
-    chooser.choose(0);
-    ASSERT_EQ(scene_.asked.size(), 3u);
-    EXPECT_EQ(scene_.asked[0].title, L"  Bearbeiten");
-    EXPECT_EQ(scene_.asked[0].prompt,
-              L"Programm zum Bearbeiten der Bilder (vollständiger Pfad)\r\n\r\n"
-              L"Mit rechter Maustaste Eigenschaften des gewünschten\r\n"
-              L"Programms anzeigen und Ziel mit kopieren (Strg-c)\r\n"
-              L"und einfügen (Strg-v) übernehmen");
-    EXPECT_EQ(scene_.asked[0].text, L"C:\\frueher.exe");
-    EXPECT_EQ(scene_.asked[1].text, L"C:\\gibt es nicht.exe");
-    EXPECT_EQ(scene_.asked[2].text, L"picture_editor.exe");
-    EXPECT_EQ(beeps, 2);
-    EXPECT_EQ(editorPath_, former);
-    EXPECT_EQ(content(), "a pictureedited") << "it is started at once";
-    EXPECT_EQ(log_.back(), "keep");
-    EXPECT_EQ(settings_.read(L"Prog", L"Name", L"", 255), former);
-    EXPECT_EQ(chooser.caption(), L"«picture_editor» starten");
-    EXPECT_TRUE(chooser.known());
-}
-
-TEST_F(ExternalEditorTest, AnEmptyAnswerOrNoneKeepsTheFormerPath) {
-    for (const std::optional<std::wstring>& last :
-         {std::optional<std::wstring>(), std::optional<std::wstring>(L""), std::optional<std::wstring>(L"  "),
-          std::optional<std::wstring>(L"\"\"")}) {
-        editorPath_ = L"C:\\frueher.exe";
-        scene_.answers = {last, L"C:\\gibt es nicht.exe", last};
-        editor().choose(0);
-        editor().choose(0);
-        EXPECT_EQ(editorPath_, L"C:\\frueher.exe");
-    }
-    EXPECT_THAT(log_, IsEmpty());
-    EXPECT_EQ(settings_.read(L"Prog", L"Name", L"nichts", 255), L"nichts");
-    EXPECT_EQ(beeps, 4);
-}
-
-TEST_F(ExternalEditorTest, SettingsThatCannotBeWrittenAreToldOf) {
-    scene_.answers = {testEditor()};
-    ExternalEditor({test_.loop, scene_.records, editorPath_, scene_.dialogue(), desk(),
-                    [](const std::wstring&) { return false; }})
-        .choose(0);
-    ASSERT_EQ(scene_.told.size(), 1u);
-    EXPECT_NE(scene_.told[0].text.find(L"Einstellungen"), std::wstring::npos);
-}
-
-/// A form that counts how often it paints.
-class PaintedForm : public ui::Form {
-  public:
-    PaintedForm()
-        : Form({.className = L"PanorellTestPainted", .title = L"Test", .width = 6000, .height = 4000}) {}
-    std::atomic<int> paints = 0;
-
-  protected:
-    void drawGround(ui::Painting&) override { ++paints; }
-};
-
-/// What a user does from outside while the editor runs, on a thread of its own.
-class Meanwhile {
-  public:
-    template <typename Actions>
-    explicit Meanwhile(Actions actions) : thread_(std::move(actions)) {}
-    ~Meanwhile() { thread_.join(); }
-    Meanwhile(const Meanwhile&) = delete;
-    Meanwhile& operator=(const Meanwhile&) = delete;
-
-    template <typename State>
-    static bool reached(State state) {
-        constexpr int kTries = 2000;
-        for (int i = 0; i < kTries && !state(); ++i) {
-            Sleep(5);
-        }
-        return state();
-    }
-
-  private:
-    std::thread thread_;
-};
-
-TEST_F(ExternalEditorTest, WhileItRunsTheWindowOnlyPaints) {
-    PaintedForm form;
-    form.show();
-    test_.loop.settle();
-    std::vector<std::string> events;
-    form.onCloseAsked = [&] { events.emplace_back("close"); };
-    form.onPressed = [&](const ui::MouseEvent&) { events.emplace_back("press"); };
-    form.onKey = [&](int, bool) {
-        events.emplace_back("key");
-        return true;
-    };
-    ui::Timer timer(test_.loop, 1);
-    timer.onTimer = [&] { events.emplace_back("timer"); };
-    job("wait append");
-    bool painted = false;
-    {
-        const Meanwhile user([&] {
-            Meanwhile::reached([&] { return started(); });
-            const int before = form.paints;
-            PostMessageW(form.hwnd(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-            PostMessageW(form.hwnd(), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
-            PostMessageW(form.hwnd(), WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(5, 5));
-            PostMessageW(form.hwnd(), WM_KEYDOWN, VK_RETURN, 1);
-            PostMessageW(form.hwnd(), WM_SYSKEYDOWN, VK_F4, 1 << 29);
-            PostMessageW(form.hwnd(), WM_SYSCOMMAND, SC_CLOSE, 0);
-            PostMessageW(form.hwnd(), WM_CLOSE, 0, 0);
-            InvalidateRect(form.hwnd(), nullptr, FALSE);
-            painted = Meanwhile::reached([&] { return form.paints > before; });
-            letGoOn();
-        });
-        timer.setEnabled(true);
-        editor().run(0);
-    }
-    EXPECT_TRUE(painted);
-    EXPECT_THAT(events, IsEmpty());
-    timer.setEnabled(false);
-    test_.loop.settle();
-    EXPECT_THAT(events, IsEmpty()) << "nothing is made up for afterwards";
-    EXPECT_EQ(content(), "a pictureedited");
-    EXPECT_EQ(log_[1], "block Warten auf \xABpicture_editor\xBB ...");
-}
-
-TEST_F(ExternalEditorTest, LeavingIsHeldBackUntilTheTimesAreBack) {
-    job("wait append");
-    const DWORD thread = GetCurrentThreadId();
-    {
-        const Meanwhile user([&] {
-            Meanwhile::reached([&] { return started(); });
-            PostThreadMessageW(thread, WM_QUIT, 0, 0);
-            letGoOn();
-        });
-        editor().run(0);
-    }
-    EXPECT_EQ(scene_.facts(kName).times, before_);
-    EXPECT_EQ(content(), "a pictureedited");
-    EXPECT_EQ(log_.back(), "unblock");
-    EXPECT_TRUE(test_.loop.leaving());
 }
 
 }  // namespace

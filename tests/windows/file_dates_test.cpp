@@ -106,6 +106,7 @@ TEST_F(FileDatesTest, TheDateCanBeChangedAgain) {
     change();
     EXPECT_EQ(written(), fileTimeOf({2025, 12, 25, 0, 0, 0}));
     EXPECT_THAT(scene_.told, IsEmpty());
+    ASSERT_EQ(scene_.asked.size(), 2u);
     EXPECT_EQ(scene_.asked[1].text, L"24.12.2025 18:30:00  ");
 }
 
