@@ -102,11 +102,13 @@ bool canWriteTo(const std::wstring& folder) {
     return false;
 }
 
+std::wstring tipDate(std::uint64_t written) {
+    const auto time = platform::localTime(written);
+    return time ? platform::longDate(*time) + L", " + platform::shortTime(*time) : std::wstring();
+}
+
 std::wstring tipOf(const ThumbRecord& record) {
-    const auto time = platform::localTime(record.stamp.written);
-    const std::wstring date =
-        time ? platform::longDate(*time) + L", " + platform::shortTime(*time) : std::wstring();
-    return toolTipText(record.entry, files::isVideoName(record.fileName), date);
+    return toolTipText(record.entry, files::isVideoName(record.fileName), tipDate(record.stamp.written));
 }
 
 }  // namespace overview

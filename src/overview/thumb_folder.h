@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "overview/thumb_record.h"
@@ -24,6 +25,10 @@ ThumbFolder readThumbFolder(const std::wstring& folder, const std::wstring& patt
 /// Whether files can be written to a folder. Found out by a file that is made new, under a name that nobody
 /// uses, and gone again even if the program ends meanwhile.
 bool canWriteTo(const std::wstring& folder);
+
+/// A file's time (units of 100 ns since 1601, UTC) as a tip tells it, in the user's own format; empty for one
+/// beyond the calendar.
+std::wstring tipDate(std::uint64_t written);
 
 /// The tip of a record, with the date of its file in the user's own format.
 std::wstring tipOf(const ThumbRecord& record);

@@ -73,6 +73,13 @@ bool ThumbnailStore::save(std::wstring_view fileName, const picture::Pixels& pix
     return true;
 }
 
+void ThumbnailStore::remove(std::wstring_view fileName) {
+    const std::wstring path = pathOf(fileName);
+    if (!path.empty() && DeleteFileW(path.c_str()) != FALSE) {
+        names_.erase(foldedName(thumbnailName(fileName)));
+    }
+}
+
 std::optional<picture::Pixels> readThumbnail(const std::wstring& path) {
     try {
         const auto bytes = platform::readFileBytes(path, kMostBytes);

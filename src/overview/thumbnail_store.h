@@ -28,6 +28,8 @@ class ThumbnailStore {
     /// former one's place; false where that is not so or failed. Thumbnails that several items would share
     /// are not kept.
     bool save(std::wstring_view fileName, const picture::Pixels& pixels);
+    /// Removes an item's thumbnail from the store; one that several items share stays, since nobody shows it.
+    void remove(std::wstring_view fileName);
 
   private:
     std::wstring folder_;

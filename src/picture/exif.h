@@ -6,21 +6,14 @@
 #include <span>
 
 #include "picture/orientation.h"
+#include "text/date_time.h"
 
 namespace picture {
 
 struct JpegSegment;
 
-/// A moment by the camera's clock; every member is within its calendar range.
-struct ExifDate {
-    int year = 0;
-    int month = 0;
-    int day = 0;
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    friend bool operator==(const ExifDate&, const ExifDate&) = default;
-};
+/// A moment by the camera's clock; it is in the calendar.
+using ExifDate = text::DateTime;
 
 /// A stretch of bytes that lies wholly within the file.
 struct ByteRange {

@@ -18,6 +18,11 @@ std::wstring clock(const SYSTEMTIME& time, DWORD flags) {
     return text;
 }
 
+bool sameMoment(const SYSTEMTIME& one, const SYSTEMTIME& other) {
+    return one.wYear == other.wYear && one.wMonth == other.wMonth && one.wDay == other.wDay &&
+           one.wHour == other.wHour && one.wMinute == other.wMinute && one.wSecond == other.wSecond;
+}
+
 }  // namespace
 
 std::optional<SYSTEMTIME> fileWriteTime(const std::wstring& path) {
@@ -25,19 +30,31 @@ std::optional<SYSTEMTIME> fileWriteTime(const std::wstring& path) {
     if (GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) == FALSE) {
         return std::nullopt;
     }
-    const ULARGE_INTEGER written{{data.ftLastWriteTime.dwLowDateTime, data.ftLastWriteTime.dwHighDateTime}};
-    return localTime(written.QuadPart);
+    return localTime(fileTimeNumber(data.ftLastWriteTime));
 }
 
-std::optional<SYSTEMTIME> localTime(std::uint64_t fileTime) {
-    const FILETIME time{static_cast<DWORD>(fileTime), static_cast<DWORD>(fileTime >> 32U)};
+std::optional<SYSTEMTIME> localTime(std::uint64_t fileTime, const TIME_ZONE_INFORMATION* zone) {
+    const FILETIME time = toFileTime(fileTime);
     SYSTEMTIME universal{};
     SYSTEMTIME local{};
     if (FileTimeToSystemTime(&time, &universal) == FALSE ||
-        SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local) == FALSE) {
+        SystemTimeToTzSpecificLocalTime(zone, &universal, &local) == FALSE) {
         return std::nullopt;
     }
     return local;
+}
+
+std::optional<std::uint64_t> fileTimeOf(const SYSTEMTIME& local, const TIME_ZONE_INFORMATION* zone) {
+    SYSTEMTIME universal{};
+    FILETIME time{};
+    if (TzSpecificLocalTimeToSystemTime(zone, &local, &universal) == FALSE ||
+        SystemTimeToFileTime(&universal, &time) == FALSE) {
+        return std::nullopt;
+    }
+    const std::uint64_t fileTime = fileTimeNumber(time);
+    // A moment in the hour that was left out is answered with one beside it.
+    const auto back = localTime(fileTime, zone);
+    return back && sameMoment(*back, local) ? std::optional(fileTime) : std::nullopt;
 }
 
 std::wstring longDate(const SYSTEMTIME& time) {

@@ -4,26 +4,26 @@
 
 #include <cstdlib>
 
-#include "platform/handles.h"
-#include "platform/records.h"
-
 namespace platform {
 
-bool startProcess(const std::wstring& commandLine) {
+StartedProcess startAwaitedProcess(const std::wstring& commandLine) {
     STARTUPINFOW start{};
     start.cb = sizeof(start);
     start.dwFlags = STARTF_USESHOWWINDOW;
     start.wShowWindow = SW_SHOWNORMAL;
     PROCESS_INFORMATION made{};
     std::wstring writable = commandLine;
-    if (CreateProcessW(nullptr, writable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                       &made) == FALSE) {
-        return false;
+    if (CreateProcessW(nullptr, writable.data(), nullptr, nullptr, FALSE, NORMAL_PRIORITY_CLASS, nullptr,
+                       nullptr, &start, &made) == FALSE) {
+        return {Object(), GetLastError()};
     }
-    const Object process(made.hProcess);
     const Object thread(made.hThread);
     AllowSetForegroundWindow(made.dwProcessId);
-    return true;
+    return {Object(made.hProcess), 0};
+}
+
+bool startProcess(const std::wstring& commandLine) {
+    return startAwaitedProcess(commandLine).code == 0;
 }
 
 void endProcess() {

@@ -6,10 +6,8 @@
 
 namespace platform {
 
-namespace {
-
-// The wide form, since the narrow one cannot name a file outside the code page; empty where there is none.
-std::wstring shortForm(const std::wstring& path) {
+// The wide call, since the narrow one cannot name a file outside the code page.
+std::wstring wideShortPath(const std::wstring& path) {
     constexpr DWORD kBufferSize = 255;
     std::wstring buffer(kBufferSize, L' ');
     const DWORD length = GetShortPathNameW(path.c_str(), buffer.data(), kBufferSize);
@@ -20,10 +18,8 @@ std::wstring shortForm(const std::wstring& path) {
     return buffer;
 }
 
-}  // namespace
-
 std::string shortPath(const std::wstring& path) {
-    const std::string narrow = toCodePageExactly(shortForm(path)).value_or(std::string());
+    const std::string narrow = toCodePageExactly(wideShortPath(path)).value_or(std::string());
     return narrow.find(' ') == std::string::npos ? narrow : '"' + narrow + '"';
 }
 
@@ -42,12 +38,15 @@ std::wstring longPath(const std::wstring& path) {
     return buffer;
 }
 
-std::wstring storablePath(const std::wstring& path) {
-    if (toCodePageExactly(path)) {
+std::wstring storablePath(const std::wstring& path, std::size_t longest) {
+    const auto storable = [longest](const std::wstring& form) {
+        return form.size() <= longest && toCodePageExactly(form);
+    };
+    if (storable(path)) {
         return path;
     }
-    const std::wstring form = shortForm(path);
-    return !form.empty() && toCodePageExactly(form) ? form : path;
+    const std::wstring form = wideShortPath(path);
+    return !form.empty() && storable(form) ? form : path;
 }
 
 }  // namespace platform

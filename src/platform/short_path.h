@@ -12,11 +12,14 @@ namespace platform {
 /// quotes.
 std::string shortPath(const std::wstring& path);
 
+/// The same in its own characters, whatever the code page, for a command line; never in quotes.
+std::wstring wideShortPath(const std::wstring& path);
+
 /// The long form of a path that may be a short one; the path itself when there is no such file or folder.
 std::wstring longPath(const std::wstring& path);
 
-/// A path as it can be kept in a file of the system's code page: itself, or its short form where the code
-/// page cannot hold it and there is one.
-std::wstring storablePath(const std::wstring& path);
+/// A path as it can be kept in a file of the system's code page, in so many characters: itself, or its short
+/// form where that cannot hold it and there is one that it holds.
+std::wstring storablePath(const std::wstring& path, std::size_t longest = std::wstring::npos);
 
 }  // namespace platform

@@ -9,6 +9,9 @@ namespace ui {
 
 namespace {
 
+// A turn of the loop dispatches no more.
+constexpr int kMostMessages = 1000;
+
 thread_local EventLoop* currentLoop = nullptr;
 
 // The loops that the system runs while a menu is open, a window is moved or a scroll bar is held know nothing
@@ -26,6 +29,21 @@ void endSystemLoops() {
     if (state.hwndMoveSize != nullptr) {
         PostMessageW(state.hwndMoveSize, WM_KEYDOWN, VK_ESCAPE, 1);
     }
+}
+
+bool within(UINT message, UINT first, UINT last) {
+    return message >= first && message <= last;
+}
+
+// What a user wants of a window, and what a window wants of itself after a time.
+bool asksForSomething(UINT message) {
+    constexpr UINT kFirstPointer = 0x0240;  // WM_TOUCH, and the pointer messages behind it
+    constexpr UINT kLastPointer = 0x0257;
+    return within(message, WM_KEYFIRST, WM_KEYLAST) || within(message, WM_MOUSEFIRST, WM_MOUSELAST) ||
+           within(message, WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK) ||
+           within(message, kFirstPointer, kLastPointer) || message == WM_CLOSE || message == WM_SYSCOMMAND ||
+           message == WM_COMMAND || message == WM_CONTEXTMENU || message == WM_HOTKEY ||
+           message == WM_APPCOMMAND || message == WM_TIMER;
 }
 
 }  // namespace
@@ -69,7 +87,6 @@ void EventLoop::doEvents() {
     checkLeaving();
     // Timers once: one whose handler takes longer than its interval is due again at once. Messages bounded:
     // a handler that keeps invalidating would never let the queue run empty.
-    constexpr int kMostMessages = 1000;
     fireTimers();
     checkLeaving();
     for (int i = 0; i < kMostMessages && dispatchOne(); ++i) {
@@ -96,6 +113,32 @@ void EventLoop::sleepUntil(double due) {
     checkLeaving();
     if (const double left = due - now(); left > 0) {
         blockFor(left);
+    }
+}
+
+void EventLoop::waitPainting(HANDLE object) {
+    bool left = false;
+    const auto takeOne = [&left] {
+        MSG message{};
+        if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) {
+            return false;
+        }
+        if (message.message == WM_QUIT) {
+            left = true;
+        } else if (!asksForSomething(message.message)) {
+            DispatchMessageW(&message);
+        }
+        return true;
+    };
+    while (MsgWaitForMultipleObjectsEx(1, &object, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE) ==
+           WAIT_OBJECT_0 + 1) {
+        takeOne();
+    }
+    // Also what came last was not meant for what follows. Bounded as in doEvents().
+    for (int i = 0; i < kMostMessages && takeOne(); ++i) {
+    }
+    if (left) {
+        leave();
     }
 }
 

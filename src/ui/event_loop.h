@@ -38,6 +38,11 @@ class EventLoop {
     /// Blocks until the clock of now() reaches `due`, not at all when it is past; nothing runs meanwhile. A
     /// row of steps that waits so keeps its length, however long each step's own work takes. Throws Leaving.
     void sleepUntil(double due);
+    /// Blocks until a process or another object of the system is signalled; windows paint meanwhile and do
+    /// nothing else. What is typed and clicked, timers and requests to close are dropped, not kept for later;
+    /// leaving is held back until something waits again. Never throws Leaving, so that what has been changed
+    /// for the time of the wait can be put right.
+    void waitPainting(HANDLE object);
     /// The outermost loop: waits for events until the program is left.
     void run();
 

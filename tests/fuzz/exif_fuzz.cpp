@@ -1,8 +1,10 @@
 #include "fuzz/check.h"
+#include "picture/camera_notes.h"
 #include "picture/exif.h"
 #include "picture/jpeg_header.h"
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace {
@@ -30,6 +32,18 @@ void checkExif(const Bytes& file) {
     }
 }
 
+void checkNotes(const Bytes& file) {
+    const picture::CameraNotes notes = picture::readCameraNotes(file);
+    for (const std::string& text : {notes.make, notes.model}) {
+        check(text.size() <= 80 && text.find('\0') == std::string::npos);
+        check(text.empty() || (text.front() != ' ' && text.back() != ' '));
+    }
+    for (const auto& number : {notes.exposureTime, notes.fNumber, notes.focalLength}) {
+        check(!number || (*number > 0 && *number < 1e10));
+    }
+    check(!notes.sensitivity || *notes.sensitivity > 0);
+}
+
 void checkSegments(const Bytes& file) {
     picture::JpegSegments segments(file);
     std::size_t behind = 2;
@@ -53,6 +67,7 @@ void checkHeader(const Bytes& file) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const Bytes file(data, data + size);
     checkExif(file);
+    checkNotes(file);
     checkSegments(file);
     checkHeader(file);
     return 0;

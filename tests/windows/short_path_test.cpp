@@ -77,6 +77,17 @@ TEST_F(ShortPath, ALongOneWithBlanksStandsInQuotes) {
     EXPECT_EQ(storablePath(L"C:\\\u65E5\u672C"), L"C:\\\u65E5\u672C") << "nothing better";
 }
 
+TEST_F(ShortPath, TooLongAPathIsStoredByItsShortForm) {
+    make(L"Ein Programm mit einem langen Namen.exe");
+    EXPECT_EQ(storablePath(file_), file_);
+    EXPECT_EQ(storablePath(file_, file_.size()), file_);
+    const std::wstring stored = storablePath(file_, file_.size() - 1);
+    EXPECT_LT(stored.size(), file_.size());
+    EXPECT_EQ(longPath(stored), file_);
+    EXPECT_EQ(wideShortPath(file_), stored);
+    EXPECT_EQ(storablePath(file_, 5), file_) << "no form is so short";
+}
+
 TEST_F(ShortPath, LongAndStorableFormsLeadBackToTheSameFolder) {
     make(L"\u65E5\u672C Film.mpg");
     const std::wstring stored = storablePath(file_);

@@ -1,0 +1,58 @@
+#include "edit/item_file.h"
+
+#include <cstddef>
+
+#include "files/file_stamp.h"
+#include "platform/directory.h"
+
+namespace edit {
+
+namespace {
+
+files::FileStamp stampOf(const platform::FileFacts& facts) {
+    return {facts.size, facts.times.written, facts.number};
+}
+
+std::optional<ItemFile> readItemFile(const overview::ThumbRecords& records, int index) {
+    std::wstring path = pathOf(records, index);
+    const auto facts = platform::readFileFacts(path);
+    return facts ? std::optional<ItemFile>({std::move(path), *facts}) : std::nullopt;
+}
+
+}  // namespace
+
+std::wstring pathOf(const overview::ThumbRecords& records, int index) {
+    return platform::joinPath(records.folder, records.thumbRecords[static_cast<std::size_t>(index)].fileName);
+}
+
+std::wstring missingText(const std::wstring& fileName) {
+    return L"Die Datei «" + fileName + L"» ist nicht mehr da.";
+}
+
+std::optional<ItemFile> unchangedFile(const overview::ThumbRecords& records, int index,
+                                      const Dialogue& dialogue, const std::wstring& title) {
+    const overview::ThumbRecord& record = records.thumbRecords[static_cast<std::size_t>(index)];
+    std::optional<ItemFile> file = readItemFile(records, index);
+    if (!file) {
+        dialogue.tell(missingText(record.fileName), title);
+        return std::nullopt;
+    }
+    if (!files::sameFile(record.stamp, stampOf(file->facts))) {
+        dialogue.tell(L"Die Datei «" + record.fileName +
+                          L"» wurde inzwischen von einem anderen Programm geändert; bitte die Übersicht neu "
+                          L"öffnen.",
+                      title);
+        return std::nullopt;
+    }
+    return file;
+}
+
+std::optional<ItemFile> renewStamp(overview::ThumbRecords& records, int index) {
+    std::optional<ItemFile> file = readItemFile(records, index);
+    if (file) {
+        records.thumbRecords[static_cast<std::size_t>(index)].stamp = stampOf(file->facts);
+    }
+    return file;
+}
+
+}  // namespace edit

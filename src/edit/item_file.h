@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "edit/dialogue.h"
+#include "overview/thumb_record.h"
+#include "platform/file_facts.h"
+
+namespace edit {
+
+/// The file behind an item of the overview, as it is on the disk now.
+struct ItemFile {
+    std::wstring path;
+    platform::FileFacts facts;
+};
+
+/// The path of an item's file. `index`: from 0.
+std::wstring pathOf(const overview::ThumbRecords& records, int index);
+
+/// The file of an item, where it is still the one that its record tells of: whatever changes a file asks this
+/// first, since another program or a second window may have renamed or replaced files meanwhile. Otherwise
+/// the user is told so in one sentence under that title, and nothing is to be changed.
+std::optional<ItemFile> unchangedFile(const overview::ThumbRecords& records, int index,
+                                      const Dialogue& dialogue, const std::wstring& title);
+
+/// The sentence for a file that is gone.
+std::wstring missingText(const std::wstring& fileName);
+
+/// The program has changed an item's file itself: its record tells of the file as it is now. None when the
+/// file is gone; the record stays as it was.
+std::optional<ItemFile> renewStamp(overview::ThumbRecords& records, int index);
+
+}  // namespace edit
