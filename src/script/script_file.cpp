@@ -8,6 +8,7 @@
 #include "platform/code_page.h"
 #include "platform/error.h"
 #include "platform/file_bytes.h"
+#include "script/script_writer.h"
 #include "script/show_script.h"
 #include "text/utf8.h"
 
@@ -33,6 +34,10 @@ std::optional<std::wstring> readScriptFile(const std::wstring& folder) {
         }
     }
     return platform::fromCodePage(bytes);
+}
+
+std::string scriptFileBytes(std::wstring_view text) {
+    return scriptBytes(text, platform::toCodePageExactly);
 }
 
 }  // namespace script

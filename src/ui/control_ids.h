@@ -69,4 +69,10 @@ inline constexpr int kIm2 = 1216;
 inline constexpr int kEntryOK = 1217;
 inline constexpr int kEntryCANCEL = 1218;
 
+// the input box
+inline constexpr int kInputPrompt = 1300;
+inline constexpr int kInputText = 1301;
+inline constexpr int kInputOK = 1302;
+inline constexpr int kInputCANCEL = 1303;
+
 }  // namespace ui::id

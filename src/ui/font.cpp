@@ -24,6 +24,13 @@ HFONT makeFont(const FontSpec& spec, int dpi) {
     return CreateFontIndirectW(&description);
 }
 
+// What texts are measured on, kept as the fonts are. The screen's own would do as well, but under Wine
+// getting it asks the server for the visible region and all monitors.
+HDC screenLike() {
+    static const HDC dc = CreateCompatibleDC(nullptr);
+    return dc;
+}
+
 }  // namespace
 
 HFONT font(const FontSpec& spec, int dpi) {
@@ -37,13 +44,17 @@ HFONT font(const FontSpec& spec, int dpi) {
 }
 
 SIZE measureText(const std::wstring& text, HFONT font) {
-    // Kept as the fonts are. The screen's own would do as well, but under Wine getting it asks the server for
-    // the visible region and all monitors.
-    static const HDC screenLike = CreateCompatibleDC(nullptr);
-    const platform::Selection selected(screenLike, font);
+    const platform::Selection selected(screenLike(), font);
     SIZE size{};
-    GetTextExtentPoint32W(screenLike, text.c_str(), static_cast<int>(text.size()), &size);
+    GetTextExtentPoint32W(screenLike(), text.c_str(), static_cast<int>(text.size()), &size);
     return size;
+}
+
+int measureHeight(const std::wstring& text, HFONT font, int width) {
+    const platform::Selection selected(screenLike(), font);
+    RECT place{0, 0, width, 0};
+    return DrawTextW(screenLike(), text.c_str(), static_cast<int>(text.size()), &place,
+                     DT_CALCRECT | DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX);
 }
 
 }  // namespace ui

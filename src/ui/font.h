@@ -22,4 +22,8 @@ HFONT font(const FontSpec& spec, int dpi);
 /// The size of one line of text in pixels.
 SIZE measureText(const std::wstring& text, HFONT font);
 
+/// The height in pixels of a text that breaks at line ends, and at blanks where it is wider than `width`
+/// pixels: as a Label shows it.
+int measureHeight(const std::wstring& text, HFONT font, int width);
+
 }  // namespace ui

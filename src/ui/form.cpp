@@ -18,6 +18,14 @@ namespace {
 
 constexpr DWORD kBorderless = WS_POPUP | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
 constexpr DWORD kBordered = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+constexpr DWORD kFixed = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+
+DWORD styleOf(const Form::Args& args) {
+    if (args.borderless) {
+        return kBorderless;
+    }
+    return args.fixedSize ? kFixed : kBordered;
+}
 
 bool isDown(int key) {
     return GetKeyState(key) < 0;
@@ -36,7 +44,7 @@ Form::Form(const Args& args) : background_(theme::kGround), concealed_(args.conc
     Style style;
     style.className = args.className;
     style.text = args.title.c_str();
-    style.style = args.borderless ? kBorderless : kBordered;
+    style.style = styleOf(args);
     style.exStyle = WS_EX_CONTROLPARENT | (args.borderless ? WS_EX_APPWINDOW : 0);
     style.parent = args.owner != nullptr ? args.owner->hwnd() : nullptr;
     const RECT work = platform::Monitors::current().primaryWorkArea();

@@ -25,6 +25,7 @@ class Form : public Window {
         Twips width = 0;  ///< of the client area
         Twips height = 0;
         bool borderless = false;
+        bool fixedSize = false;  ///< a title and a close button only: its user cannot give it another size
         bool concealed = false;  ///< its controls are made out of sight, until it is shown
         const Window* owner = nullptr;
     };

@@ -128,6 +128,45 @@ void ListBox::setTopIndex(int index) {
     SendMessageW(hwnd(), LB_SETTOPINDEX, static_cast<WPARAM>(index), 0);
 }
 
+// The system names the nearest item for a place that none covers.
+int ListBox::itemAt(int x, int y) const {
+    const auto nearest =
+        static_cast<WPARAM>(LOWORD(SendMessageW(hwnd(), LB_ITEMFROMPOINT, 0, MAKELPARAM(x, y))));
+    RECT place{};
+    if (SendMessageW(hwnd(), LB_GETITEMRECT, nearest, reinterpret_cast<LPARAM>(&place)) == LB_ERR) {
+        return -1;
+    }
+    RECT area{};
+    GetClientRect(hwnd(), &area);
+    const POINT point{x, y};
+    return PtInRect(&place, point) != FALSE && PtInRect(&area, point) != FALSE ? static_cast<int>(nearest)
+                                                                               : -1;
+}
+
+// Each change of an item takes the focus there and scrolls to it.
+void ListBox::setHighlights(const std::vector<bool>& highlights) {
+    const int focused = selectedIndex();
+    const int top = topIndex();
+    bool changed = false;
+    SendMessageW(hwnd(), WM_SETREDRAW, FALSE, 0);
+    for (int i = 0; i < count(); ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        const bool wanted = at < highlights.size() && highlights[at];
+        if (selected(i) != wanted) {
+            setSelected(i, wanted);
+            changed = true;
+        }
+    }
+    if (changed) {
+        SendMessageW(hwnd(), LB_SETCARETINDEX, static_cast<WPARAM>(focused), FALSE);
+        setTopIndex(top);
+    }
+    SendMessageW(hwnd(), WM_SETREDRAW, TRUE, 0);
+    if (changed) {
+        repaint();
+    }
+}
+
 void ListBox::replaceItems(const std::vector<std::wstring>& items) {
     SendMessageW(hwnd(), WM_SETREDRAW, FALSE, 0);
     clear();
@@ -166,6 +205,12 @@ bool ListBox::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
                 onReleased(mouseEvent(message, w, l));
             }
             return true;
+        case WM_LBUTTONDBLCLK:
+            result = callSystem(message, w, l);
+            if (onDoubleClicked) {
+                onDoubleClicked(mouseEvent(message, w, l));
+            }
+            return true;
         default:
             return false;
     }
@@ -191,10 +236,6 @@ bool ListBox::onReflected(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
         chosen();
         return true;
     }
-    if (HIWORD(w) == LBN_DBLCLK && onDoubleClicked) {
-        onDoubleClicked();
-        return true;
-    }
     return false;
 }
 
@@ -215,13 +256,18 @@ void ListBox::drawRow(const DRAWITEMSTRUCT& row) const {
 }
 
 bool ListBox::onKeyDown(int key, bool repeated) {
-    if (key != VK_RETURN || !onReturn) {
+    if ((key != VK_RETURN || !onReturn) && (key != VK_SPACE || !onSpace)) {
         return false;
     }
     if (!repeated) {
-        onReturn();
+        key == VK_RETURN ? onReturn() : onSpace();
     }
     return true;
+}
+
+// The character of a key that was used up would look for an item that begins with it.
+bool ListBox::onChar(wchar_t character) {
+    return character == L' ' && onSpace;
 }
 
 }  // namespace ui

@@ -38,15 +38,23 @@ class ListBox : public Control {
     /// The first item in view.
     int topIndex() const;
     void setTopIndex(int index);
+    /// The item at a place of the client area (pixels); -1 where there is none, as below the last one.
+    int itemAt(int x, int y) const;
+    /// Which items of a multiple selection are selected, by index; what lies beyond `highlights` is not. The
+    /// item with the focus and the items in view stay; raises nothing.
+    void setHighlights(const std::vector<bool>& highlights);
 
     /// The selection changed, or its user clicked the selected item again.
     std::function<void()> onClick;
-    std::function<void()> onDoubleClicked;
+    /// The second press of a double click, which is no onPressed; an onReleased follows.
+    std::function<void(const MouseEvent&)> onDoubleClicked;
     /// A mouse button went down, or up, over the list; the selection is up to date. For drag and drop.
     std::function<void(const MouseEvent&)> onPressed;
     std::function<void(const MouseEvent&)> onReleased;
     /// The return key.
     std::function<void()> onReturn;
+    /// The space key, which then does not change the selection by itself.
+    std::function<void()> onSpace;
 
   protected:
     /// `style`: more style bits of the system's list.
@@ -56,6 +64,7 @@ class ListBox : public Control {
     bool onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
     bool onReflected(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
     bool onKeyDown(int key, bool repeated) override;
+    bool onChar(wchar_t character) override;
     /// Draws a row of a list that draws its own (LBS_OWNERDRAWFIXED): its text, cut with an ellipsis.
     virtual void drawRow(const DRAWITEMSTRUCT& row) const;
     /// The colour behind a row: paper, or a selection that is paler without the focus.

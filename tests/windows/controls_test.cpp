@@ -7,8 +7,8 @@
 #include "ui/frame.h"
 #include "ui/label.h"
 #include "ui/line.h"
-#include "ui/list_box.h"
 #include "ui/option_button.h"
+#include "ui/progress_bar.h"
 #include "ui/scroll_bar.h"
 #include "ui/text_box.h"
 #include "ui/theme.h"
@@ -265,61 +265,24 @@ TEST(ScrollBar, IsWorkedByUserStepsThatStopAtTheEnds) {
     EXPECT_EQ(bar.value(), 59);
 }
 
-TEST(ListBox, ItemsWithNumbers) {
+TEST(ProgressBar, KeepsToItsRangeAndFillsFromTheLeft) {
     TestForm test;
-    ListBox list(test.args(1));
-    list.add(L"eins", 1);
-    list.add(L"drei", 3);
-    list.insert(1, L"zwei", 2);
-    EXPECT_EQ(list.count(), 3);
-    EXPECT_EQ(list.item(1), L"zwei");
-    EXPECT_EQ(list.itemData(1), 2);
-    list.setItemData(1, -7);
-    EXPECT_EQ(list.itemData(1), -7);
-    list.remove(0);
-    EXPECT_EQ(list.item(0), L"zwei");
-    EXPECT_THROW(list.item(2), std::out_of_range);
-    EXPECT_THROW(list.remove(-1), std::out_of_range);
-    EXPECT_THROW(list.insert(4, L""), std::out_of_range);
-    list.clear();
-    EXPECT_EQ(list.count(), 0);
-}
-
-TEST(ListBox, ASelectionFromCodeIsToldLikeAUsers) {
-    TestForm test;
-    ListBox list(test.args(1, {150, 150, 3000, 3000}));
-    for (int i = 0; i < 5; ++i) {
-        list.add(L"Titel " + std::to_wstring(i));
-    }
-    std::vector<int> selected;
-    list.onClick = [&] { selected.push_back(list.selectedIndex()); };
-    EXPECT_EQ(list.selectedIndex(), -1);
-    list.setSelectedIndex(2);
-    list.setSelectedIndex(2);
-    test.click(list, 5, 4);
-    test.click(list, 5, 4);
-    list.setFocus();
-    test.key(VK_DOWN);
-    list.setSelectedIndex(-1);
-    EXPECT_THROW(list.setSelectedIndex(5), std::out_of_range);
-    EXPECT_THAT(selected, ElementsAre(2, 0, 0, 1, -1));
-}
-
-TEST(ListBox, MultipleSelectionAndTheMouse) {
-    TestForm test;
-    ListBox list(test.args(1, {150, 150, 3000, 3000}), ListBox::Selection::Multiple);
-    for (int i = 0; i < 4; ++i) {
-        list.add(L"Titel");
-        list.setSelected(i, true);
-    }
-    list.setSelected(1, false);
-    EXPECT_TRUE(list.selected(0));
-    EXPECT_FALSE(list.selected(1));
-    std::vector<int> events;
-    list.onPressed = [&](const MouseEvent&) { events.push_back(list.selectedIndex()); };
-    list.onReleased = [&](const MouseEvent&) { events.push_back(100 + list.selectedIndex()); };
-    test.click(list, 5, 4);
-    EXPECT_THAT(events, ElementsAre(0, 100));
+    ProgressBar bar(test.args(1, {150, 150, 3000, 120}));
+    EXPECT_EQ(bar.maximum(), 100);
+    EXPECT_EQ(bar.value(), 0);
+    bar.setMaximum(5000);
+    bar.setValue(2500);
+    EXPECT_EQ(bar.maximum(), 5000);
+    EXPECT_EQ(bar.value(), 2500);
+    const SIZE size = bar.clientSize();
+    EXPECT_EQ(pixelOf(bar, size.cx / 4, size.cy / 2), colorref(theme::kAccent));
+    EXPECT_EQ(pixelOf(bar, size.cx * 3 / 4, size.cy / 2), colorref(theme::kEdge));
+    EXPECT_EQ(pixelOf(bar, 0, 0), colorref(theme::kAccent)) << "there is no frame";
+    bar.setValue(9000);
+    EXPECT_EQ(bar.value(), 5000);
+    bar.setValue(-3);
+    EXPECT_EQ(bar.value(), 0);
+    EXPECT_THROW(bar.setMaximum(0), std::out_of_range);
 }
 
 TEST(ComboBox, SelectsByCodeAndUser) {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "app/form1.h"
-#include "platform/monitors.h"
+#include "support/scaled_monitor.h"
 #include "support/virtual_loop.h"
 #include "ui/control_ids.h"
 
@@ -15,16 +15,7 @@ namespace app {
 namespace {
 
 namespace id = ui::id;
-
-class ScaledMonitor : public platform::Monitors {
-  public:
-    explicit ScaledMonitor(int given) : dpi(given) { replace(this); }
-    ~ScaledMonitor() override { replace(nullptr); }
-    ScaledMonitor(const ScaledMonitor&) = delete;
-    ScaledMonitor& operator=(const ScaledMonitor&) = delete;
-    int dpiOf(HWND) const override { return dpi; }
-    int dpi;
-};
+using support::ScaledMonitor;
 
 RECT placeOf(const ui::Control& control, HWND within) {
     RECT place{};

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/monitors.h"
+#include "support/scaled_monitor.h"
 #include "support/test_form.h"
 #include "ui/button.h"
 #include "ui/check_box.h"
@@ -19,6 +20,7 @@
 namespace ui {
 namespace {
 
+using support::ScaledMonitor;
 using support::TestForm;
 
 TEST(Form, TabWalksThroughTheControlsInTheirOrder) {
@@ -238,17 +240,8 @@ TEST(Form, OpensInTheMiddleOfThePrimaryMonitorsWorkArea) {
     platform::Monitors::replace(nullptr);
 }
 
-/// One monitor whose scaling can change.
-class ScaledMonitor : public platform::Monitors {
-  public:
-    ScaledMonitor() { replace(this); }
-    ~ScaledMonitor() override { replace(nullptr); }
-    int dpiOf(HWND) const override { return dpi; }
-    int dpi = 96;
-};
-
 TEST(Form, StaysUnderThePointerWhenItIsDraggedToAnotherScaling) {
-    ScaledMonitor monitor;
+    ScaledMonitor monitor(96);
     TestForm test;
     test.form.setMovable(true);
     SetWindowPos(test.form.hwnd(), nullptr, 300, 200, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
