@@ -3,6 +3,7 @@
 #include <set>
 #include <utility>
 
+#include "ui/event_loop.h"
 #include "ui/popup_menu.h"
 
 namespace edit {
@@ -20,6 +21,8 @@ void EditMenu::open(const MenuState& state, int index, POINT screen) {
     if (!chosen) {
         return;
     }
+    // What the menu covered is painted before anything takes its time.
+    ui::EventLoop::current().doEvents();
     if (const auto found = operations_.find(static_cast<MenuCommand>(*chosen)); found != operations_.end()) {
         found->second(index);
     }

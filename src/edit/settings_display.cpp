@@ -1,7 +1,6 @@
 #include "edit/settings_display.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 #include "platform/file_time.h"
@@ -15,7 +14,8 @@ namespace {
 constexpr COLORREF kTextColour = RGB(255, 255, 255);
 constexpr COLORREF kDateFlagColour = RGB(255, 0, 255);
 constexpr COLORREF kShadowColour = RGB(50, 50, 50);
-constexpr int kHaloDpi = 96;  // a pixel of shadow around the letters for that many dots per inch
+constexpr int kHaloPart = 10;  // of a row's height lies in shadow on each side of the letters
+constexpr int kHaloRound = 6;  // rather more than less: in small letters a single pixel is too little
 
 std::wstring dateOf(const overview::ThumbRecord& record) {
     const auto time = platform::localTime(record.stamp.written);
@@ -62,7 +62,7 @@ void SettingsDisplay::drawPiece(const SettingsPiece& piece, const RECT& place, i
     };
     for (int down = -halo; down <= halo; ++down) {
         for (int right = -halo; right <= halo; ++right) {
-            if (std::max(std::abs(down), std::abs(right)) == halo) {
+            if (down != 0 || right != 0) {
                 text(right, down, kShadowColour);
             }
         }
@@ -91,7 +91,7 @@ void SettingsDisplay::draw(int index, picture::Pixels& box, const overview::Imag
             const int left = place.left + placed.left;
             const int top = place.top + placed.top;
             drawPiece(pieces[placed.piece], {left, top, left + placed.width, top + placed.height},
-                      std::max(1, dpi / kHaloDpi));
+                      std::max(1, (placed.height + kHaloRound) / kHaloPart));
         }
     }
     box = canvas_.pixels();

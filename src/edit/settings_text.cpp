@@ -13,7 +13,7 @@ namespace edit {
 
 namespace {
 
-constexpr int kMarginDpi = 48;  // a pixel of margin for that many dots per inch
+constexpr int kMarginDpi = 32;  // a pixel of margin for that many dots per inch
 
 enum Worth { kDateWorth, kVideoWorth, kMusicWorth, kValueWorth, kNameWorth, kTitleWorth };
 

@@ -61,7 +61,7 @@ SettingsLayout layOutSettings(const std::vector<SettingsPiece>& pieces, int widt
 
 inline constexpr int kLargestSettingsPoints = 12;
 /// From here on a long text is rather cut than all of them made smaller.
-inline constexpr int kComfortableSettingsPoints = 9;
+inline constexpr int kComfortableSettingsPoints = 8;
 inline constexpr int kSmallestSettingsPoints = 6;
 
 }  // namespace edit
