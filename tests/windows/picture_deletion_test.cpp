@@ -120,6 +120,15 @@ TEST(PictureDeletion, ThumbnailsAreNotStoredWhileSomethingIsMarked) {
     EXPECT_TRUE(stage.offers(0, L"Minibilder speichern"));
 }
 
+TEST(PictureDeletion, AnItemThatIsLockedAndTheOnlyOneStaysToo) {
+    EditStage stage;
+    stage.picturesOf({kBlue});
+    stage.pictures.hide(L"a.jpg");
+    ASSERT_TRUE(stage.open());
+    stage.editing->deletion().mark(0);
+    EXPECT_FALSE(stage.record(0).deleted);
+}
+
 // The mark belongs to the item, wherever it is dragged.
 TEST(PictureDeletion, TheMarkMovesWithItsItem) {
     EditStage stage;
