@@ -3,6 +3,7 @@
 #include <string>
 
 #include "app/folder_recovery.h"
+#include "files/file_filter.h"
 #include "platform/directory.h"
 #include "platform/monitors.h"
 
@@ -18,13 +19,7 @@ void Overview::open() {
     parts_.music.musicFolder = platform::joinPath(folder, L"");
     parts_.tray.remove();
     if (!overview_) {
-        overview_.emplace(overview::Overview::Parts{
-            parts_.loop, parts_.control, form, fileSystem_, parts_.music,
-            [this](HWND window) {
-                return parts_.surfaces.coloursOf(platform::Monitors::current().areaOf(window));
-            },
-            [&form] { return form.File2.entries(); }});
-        overview_->form().onCloseAsked = [this] { endEditing(); };
+        make();
     }
     form.hide();
     recoverFolder(parts_.loop, fileSystem_, folder, &form);
@@ -32,11 +27,30 @@ void Overview::open() {
     overview_->open(folder, form.File1.pattern());
 }
 
+void Overview::make() {
+    overview_.emplace(overview::Overview::Parts{
+        parts_.loop, parts_.control, parts_.form, fileSystem_, parts_.music,
+        [this](HWND window) {
+            return parts_.surfaces.coloursOf(platform::Monitors::current().areaOf(window));
+        },
+        [this] { return parts_.form.File2.entries(); }});
+    editing_.emplace(parts_.loop, *overview_);
+    editing_->listed = [this] { return listed(); };
+    editing_->onLeave = [this](std::optional<int> startIndex) { leave(startIndex); };
+}
+
+// The main window's list is the show's own.
+std::vector<std::wstring> Overview::listed() const {
+    ui::FileList& files = parts_.form.File1;
+    files.setWithHidden(false);
+    files.setPattern(files::kTypPatterns[0]);
+    return files.entries();
+}
+
 // The set-up is not built again: the program starts anew with its settings.
-void Overview::endEditing() {
+void Overview::leave(std::optional<int> startIndex) {
     overview_->form().hide();
-    overview_->form().Timer1.setEnabled(false);
-    parts_.shutdown.endEditing();
+    parts_.shutdown.endEditing(startIndex);
 }
 
 }  // namespace app

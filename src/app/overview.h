@@ -1,11 +1,14 @@
 #pragma once
 
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "app/form1.h"
 #include "app/shutdown.h"
 #include "app/surface_settings.h"
 #include "files/windows_file_system.h"
+#include "edit/editing.h"
 #include "media/media_control.h"
 #include "media/music_state.h"
 #include "media/video_playback.h"
@@ -36,12 +39,18 @@ class Overview {
     /// The overview; null before it was opened.
     overview::Overview* opened() { return overview_ ? &*overview_ : nullptr; }
 
+    /// What edits in it; null as the overview.
+    edit::Editing* editing() { return editing_ ? &*editing_ : nullptr; }
+
   private:
-    void endEditing();
+    void make();
+    std::vector<std::wstring> listed() const;
+    void leave(std::optional<int> startIndex);
 
     Parts parts_;
     files::WindowsFileSystem fileSystem_;
     std::optional<overview::Overview> overview_;
+    std::optional<edit::Editing> editing_;
 };
 
 }  // namespace app

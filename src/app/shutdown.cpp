@@ -36,7 +36,8 @@ void Shutdown::showEnd() {
     parts_.loop.leave();
 }
 
-void Shutdown::endEditing() {
+void Shutdown::endEditing(std::optional<int> startIndex) {
+    parts_.state.StartIndex = startIndex.value_or(parts_.state.StartIndex);
     parts_.control.send("stop VIDEO");
     parts_.control.send("close VIDEO");
     restart();

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <optional>
+
 #include "app/parameter_controls.h"
+#include "app/program_state.h"
 #include "media/media_control.h"
 #include "platform/tray_icon.h"
 #include "ui/event_loop.h"
@@ -17,6 +20,7 @@ class Shutdown {
         media::MediaControl& control;
         platform::TrayIcon& tray;
         const ParameterControls& parameters;
+        ProgramState& state;
         ui::PictureBox& Pic2;
         ui::PictureBox& Pic3;
     };
@@ -29,8 +33,9 @@ class Shutdown {
     /// Starts the program anew with the settings of now and the picture last chosen, and ends this one.
     void restart();
 
-    /// Ends a film and starts the program anew.
-    void endEditing();
+    /// Ends a film and starts the program anew; `startIndex`: of the picture to preselect, none for the one
+    /// last chosen.
+    void endEditing(std::optional<int> startIndex);
 
   private:
     void stopMedia();

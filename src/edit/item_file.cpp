@@ -19,6 +19,14 @@ std::optional<ItemFile> readItemFile(const overview::ThumbRecords& records, int 
     return facts ? std::optional<ItemFile>({std::move(path), *facts}) : std::nullopt;
 }
 
+std::wstring faultOf(const overview::ThumbRecords& records, int index, const std::optional<ItemFile>& file) {
+    const overview::ThumbRecord& record = records.thumbRecords[static_cast<std::size_t>(index)];
+    if (!file) {
+        return missingText(record.fileName);
+    }
+    return files::sameFile(record.stamp, stampOf(file->facts)) ? std::wstring() : changedText(record.fileName);
+}
+
 }  // namespace
 
 std::wstring pathOf(const overview::ThumbRecords& records, int index) {
@@ -29,19 +37,21 @@ std::wstring missingText(const std::wstring& fileName) {
     return L"Die Datei «" + fileName + L"» ist nicht mehr da.";
 }
 
+std::wstring changedText(const std::wstring& fileName) {
+    return L"Die Datei «" + fileName +
+           L"» wurde inzwischen von einem anderen Programm geändert; bitte die Übersicht neu öffnen.";
+}
+
+std::wstring fileFault(const overview::ThumbRecords& records, int index) {
+    return faultOf(records, index, readItemFile(records, index));
+}
+
 std::optional<ItemFile> unchangedFile(const overview::ThumbRecords& records, int index,
                                       const Dialogue& dialogue, const std::wstring& title) {
-    const overview::ThumbRecord& record = records.thumbRecords[static_cast<std::size_t>(index)];
     std::optional<ItemFile> file = readItemFile(records, index);
-    if (!file) {
-        dialogue.tell(missingText(record.fileName), title);
-        return std::nullopt;
-    }
-    if (!files::sameFile(record.stamp, stampOf(file->facts))) {
-        dialogue.tell(L"Die Datei «" + record.fileName +
-                          L"» wurde inzwischen von einem anderen Programm geändert; bitte die Übersicht neu "
-                          L"öffnen.",
-                      title);
+    const std::wstring fault = faultOf(records, index, file);
+    if (!fault.empty()) {
+        dialogue.tell(fault, title);
         return std::nullopt;
     }
     return file;

@@ -24,8 +24,12 @@ std::wstring pathOf(const overview::ThumbRecords& records, int index);
 std::optional<ItemFile> unchangedFile(const overview::ThumbRecords& records, int index,
                                       const Dialogue& dialogue, const std::wstring& title);
 
-/// The sentence for a file that is gone.
+/// The sentences for a file that is gone, and for one that is not the one that its record was read from.
 std::wstring missingText(const std::wstring& fileName);
+std::wstring changedText(const std::wstring& fileName);
+
+/// Which of them is true of an item's file; empty where it is unchanged.
+std::wstring fileFault(const overview::ThumbRecords& records, int index);
 
 /// The program has changed an item's file itself: its record tells of the file as it is now. None when the
 /// file is gone; the record stays as it was.

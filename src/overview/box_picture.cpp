@@ -8,8 +8,8 @@ namespace overview {
 
 namespace {
 
-constexpr float kLockPart = 32.0F;  // of the image's height
-constexpr float kThinnestLock = 1.5F;
+constexpr float kMarkPart = 32.0F;  // of the image's height
+constexpr float kThinnestMark = 1.5F;
 
 /// Pixels in memory, as the scaler reads them.
 class PixelRows : public picture::RowSource {
@@ -53,7 +53,7 @@ void copyImage(picture::Pixels& target, const picture::Pixels& image, const Imag
     }
 }
 
-void drawLock(picture::Pixels& target, const ImagePlace& place) {
+void drawMark(picture::Pixels& target, const ImagePlace& place, ui::Rgb colour) {
     picture::Pixels part(place.width, place.height);
     for (int y = 0; y < place.height; ++y) {
         std::copy_n(target.row(place.top + y) + place.left, place.width, part.row(y));
@@ -61,8 +61,7 @@ void drawLock(picture::Pixels& target, const ImagePlace& place) {
     const auto width = static_cast<float>(place.width);
     const auto height = static_cast<float>(place.height);
     ui::fill({part.data.data(), part.width, part.height, 0, 0},
-             ui::Path().line({0, height}, {width, 0}, std::max(kThinnestLock, height / kLockPart)),
-             kLockColour);
+             ui::Path().line({0, height}, {width, 0}, std::max(kThinnestMark, height / kMarkPart)), colour);
     copyImage(target, part, place);
 }
 
@@ -91,15 +90,15 @@ picture::Pixels composeBox(int width, int height, const picture::Pixels& image, 
     } else if (look.selected) {
         frameRect(box, place, line, kSelectionColour);
     }
-    if (image.empty()) {
+    if (image.empty() || look.deleted) {
         fillRect(box, place.left, place.top, place.width, place.height, kEmptyColour);
     } else if (image.width == place.width && image.height == place.height) {
         copyImage(box, image, place);
     } else {
         copyImage(box, scaledTo(image, place.width, place.height), place);
     }
-    if (look.locked) {
-        drawLock(box, place);
+    if (look.deleted || look.locked) {
+        drawMark(box, place, look.deleted ? kDeletionColour : kLockColour);
     }
     if (look.landing != Landing::None) {
         drawLanding(box, place, look.landing, look.gap);

@@ -12,6 +12,7 @@ inline constexpr ui::Rgb kSelectionColour = 0x9C9C9C;
 inline constexpr ui::Rgb kHotColour = 0xF2F2F2;
 inline constexpr ui::Rgb kLandingColour = 0x4C9BFF;
 inline constexpr ui::Rgb kLockColour = 0xFFFF00;
+inline constexpr ui::Rgb kDeletionColour = 0xFF0000;
 
 /// Where an item would land that is dragged over a box.
 enum class Landing { None, Before, After };
@@ -20,6 +21,7 @@ enum class Landing { None, Before, After };
 struct BoxLook {
     int gap = 0;  ///< pixels between two thumbnails; half of it lies on each side of a box
     bool locked = false;
+    bool deleted = false;  ///< marked for deletion: the image is gone
     bool selected = false;
     bool hot = false;  ///< the pointer is over it
     Landing landing = Landing::None;
@@ -35,7 +37,8 @@ struct ImagePlace {
 ImagePlace imagePlace(int boxWidth, int boxHeight, int gap);
 
 /// A box, all painted: ground, image (empty: none yet; scaled where it has another size than its place),
-/// frame and marks. The lock mark goes from the image's lower left corner to its upper right one.
+/// frame and marks. The marks of locking and of deletion go from the image's lower left corner to its upper
+/// right one; of both the one of deletion is shown.
 picture::Pixels composeBox(int width, int height, const picture::Pixels& image, const BoxLook& look);
 
 /// The same image at another size; a mean of the pixels where it becomes smaller.

@@ -62,9 +62,13 @@ void ThumbnailBox::onPaint(HDC dc, const RECT&) {
     const SIZE size = clientSize();
     BoxLook look = look_;
     look.locked = content_.locked;
+    look.deleted = content_.deleted;
     picture::Pixels box = composeBox(size.cx, size.cy, content_.image, look);
     if (box.empty()) {
         return;
+    }
+    if (events_.onDraw) {
+        events_.onDraw(index_, box, imagePlace(size.cx, size.cy, look.gap));
     }
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof(info.bmiHeader);
@@ -75,7 +79,7 @@ void ThumbnailBox::onPaint(HDC dc, const RECT&) {
     info.bmiHeader.biCompression = BI_RGB;
     SetDIBitsToDevice(dc, 0, 0, static_cast<DWORD>(box.width), static_cast<DWORD>(box.height), 0, 0, 0,
                       static_cast<UINT>(box.height), box.data.data(), &info, DIB_RGB_COLORS);
-    if (!content_.failed.empty()) {
+    if (!content_.failed.empty() && !look.deleted) {
         paintName(dc, size);
     }
 }

@@ -14,6 +14,7 @@ struct BoxContent {
     picture::Pixels image;  ///< empty: none yet
     std::wstring failed;    ///< the name of an item that cannot be shown; else empty
     bool locked = false;
+    bool deleted = false;  ///< marked for deletion
 };
 
 /// What happens at the boxes of a grid; each with the index of its box.
@@ -23,6 +24,8 @@ struct BoxEvents {
     std::function<void(int index)> onEntered;
     std::function<void(int index)> onLeft;
     std::function<void(int index, POINT screen)> onMenu;
+    /// A box is about to be shown: more can be drawn onto it; `place` is where its image lies.
+    std::function<void(int index, picture::Pixels& box, const ImagePlace& place)> onDraw;
 };
 
 /// One thumbnail of a grid: a window without any object of the system besides, since there may be thousands.

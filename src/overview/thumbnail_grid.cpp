@@ -266,6 +266,11 @@ void ThumbnailGrid::lockChanged(int index) {
     repaint(index);
 }
 
+void ThumbnailGrid::deletionChanged(int index) {
+    at(index).deleted = record(index).deleted;
+    repaint(index);
+}
+
 void ThumbnailGrid::tipChanged(int index) {
     if (const ThumbnailBox* box = parts_.view.box(index)) {
         parts_.setTip(box->hwnd(), record(index).toolTip);

@@ -52,6 +52,8 @@ class ThumbnailGrid {
     std::optional<picture::Pixels> redraw(int index);
     /// The lock of a record has changed: its mark comes or goes.
     void lockChanged(int index);
+    /// The same of a record's mark for deletion.
+    void deletionChanged(int index);
     /// The tip of a record has changed.
     void tipChanged(int index);
     /// No film is opened for a thumbnail while another one plays under VIDEO.

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <exception>
+#include <utility>
 
 #include "files/file_filter.h"
 #include "overview/bitmap_file.h"
@@ -19,6 +20,22 @@ namespace {
 constexpr std::size_t kMostBytes = std::size_t{64} << 20;
 constexpr int kLongestSide = 4096;
 constexpr wchar_t kHalfWritten[] = L"~";  // behind the name of a file that is not complete yet
+constexpr wchar_t kOwnFiles[] = L"*.bmp;*.bmp~";
+
+/// The names of the files in a folder that match patterns; none where there is no such folder.
+std::vector<std::wstring> filesIn(const std::wstring& folder, std::wstring_view patterns) {
+    std::vector<std::wstring> names;
+    try {
+        for (platform::DirectoryEntry& entry : platform::listDirectory(folder)) {
+            if (!entry.folder && files::matchesPattern(entry.name, patterns)) {
+                names.push_back(std::move(entry.name));
+            }
+        }
+    } catch (const platform::Error&) {
+        names.clear();
+    }
+    return names;
+}
 
 bool writeFile(const std::wstring& path, const std::vector<std::uint8_t>& bytes) {
     const platform::File file(
@@ -37,16 +54,10 @@ ThumbnailStore::ThumbnailStore(const std::wstring& folder, const std::vector<std
     : folder_(platform::joinPath(folder, kStoreFolder)),
       shared_(sharedThumbnails(fileNames)),
       writable_(writable) {
-    try {
-        for (const platform::DirectoryEntry& entry : platform::listDirectory(folder_)) {
-            if (!entry.folder && files::matchesPattern(entry.name, kStorePattern)) {
-                names_.insert(foldedName(entry.name));
-            }
-        }
-    } catch (const platform::Error&) {
-        // No store.
+    for (const std::wstring& name : filesIn(folder_, kStorePattern)) {
+        names_.insert(foldedName(name));
     }
-    present_ = !names_.empty();
+    keeps_ = present();
 }
 
 std::wstring ThumbnailStore::pathOf(std::wstring_view fileName) const {
@@ -59,7 +70,7 @@ std::wstring ThumbnailStore::pathOf(std::wstring_view fileName) const {
 bool ThumbnailStore::save(std::wstring_view fileName, const picture::Pixels& pixels) {
     const std::wstring name = thumbnailName(fileName);
     const std::wstring folded = foldedName(name);
-    if (!present_ || !writable_ || pixels.empty() || shared_.contains(folded)) {
+    if (!keeps_ || !writable_ || pixels.empty() || shared_.contains(folded)) {
         return false;
     }
     const std::wstring path = platform::joinPath(folder_, name);
@@ -78,6 +89,28 @@ void ThumbnailStore::remove(std::wstring_view fileName) {
     if (!path.empty() && DeleteFileW(path.c_str()) != FALSE) {
         names_.erase(foldedName(thumbnailName(fileName)));
     }
+}
+
+bool ThumbnailStore::folderThere() const {
+    return platform::folderExists(folder_);
+}
+
+bool ThumbnailStore::create() {
+    keeps_ = writable_ && (folderThere() || CreateDirectoryW(folder_.c_str(), nullptr) != FALSE);
+    return keeps_;
+}
+
+void ThumbnailStore::removeAll() {
+    for (const std::wstring& name : filesIn(folder_, kOwnFiles)) {
+        const std::wstring path = platform::joinPath(folder_, name);
+        // A folder copied from a CD holds files that are write-protected.
+        SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+        if (DeleteFileW(path.c_str()) != FALSE) {
+            names_.erase(foldedName(name));
+        }
+    }
+    RemoveDirectoryW(folder_.c_str());
+    keeps_ = present();
 }
 
 std::optional<picture::Pixels> readThumbnail(const std::wstring& path) {

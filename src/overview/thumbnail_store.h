@@ -21,7 +21,7 @@ class ThumbnailStore {
     ThumbnailStore(const std::wstring& folder, const std::vector<std::wstring>& fileNames, bool writable);
 
     /// Whether there is a store: its folder holds a bitmap.
-    bool present() const { return present_; }
+    bool present() const { return !names_.empty(); }
     /// Where an item's thumbnail lies; empty where there is none, or one that belongs to several items.
     std::wstring pathOf(std::wstring_view fileName) const;
     /// Keeps an item's thumbnail where there is a store that can be written, by a new file that takes the
@@ -30,12 +30,19 @@ class ThumbnailStore {
     bool save(std::wstring_view fileName, const picture::Pixels& pixels);
     /// Removes an item's thumbnail from the store; one that several items share stays, since nobody shows it.
     void remove(std::wstring_view fileName);
+    /// Whether the store's folder is there, be it empty.
+    bool folderThere() const;
+    /// Makes the store's folder where there is none; thumbnails are kept from now on. False where the folder
+    /// cannot be written.
+    bool create();
+    /// Removes the thumbnails and then the folder; one that holds anything else stays.
+    void removeAll();
 
   private:
     std::wstring folder_;
     std::unordered_set<std::wstring> names_;   ///< what lies there, by folded name
     std::unordered_set<std::wstring> shared_;  ///< the same, of several items
-    bool present_ = false;
+    bool keeps_ = false;                       ///< there is a store, or its folder was made for one
     bool writable_ = false;
 };
 

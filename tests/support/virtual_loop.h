@@ -58,6 +58,8 @@ class VirtualLoop : public ui::EventLoop {
 
     /// Time spent in sleep() so far, ms.
     double slept() const { return slept_; }
+    /// Called at the beginning of each sleep, for tests that look at the state of things at that moment.
+    std::function<void()> onSleep;
 
   protected:
     void block(double due) override {
@@ -73,6 +75,9 @@ class VirtualLoop : public ui::EventLoop {
         now_ = std::max(now_, due);
     }
     void blockFor(double ms) override {
+        if (onSleep) {
+            onSleep();
+        }
         now_ += ms;
         slept_ += ms;
     }

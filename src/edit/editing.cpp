@@ -1,0 +1,131 @@
+#include "edit/editing.h"
+
+#include <utility>
+
+#include "ui/message_box.h"
+
+namespace edit {
+
+// The keyboard goes to the window itself meanwhile: with its grid disabled nothing else would hear it.
+Editing::Block::Block(Editing& editing)
+    : editing_(editing), wasEnabled_(editing.overview_.form().Grid.enabled()) {
+    ++editing_.blocks_;
+    overview::Form2& form = editing_.overview_.form();
+    editing_.overview_.drag().cancel();
+    form.Grid.setEnabled(false);
+    SetFocus(form.hwnd());
+}
+
+Editing::Block::~Block() {
+    --editing_.blocks_;
+    overview::Form2& form = editing_.overview_.form();
+    form.Grid.setEnabled(wasEnabled_);
+    if (wasEnabled_ && GetFocus() == form.hwnd()) {
+        form.Grid.setFocus();
+    }
+}
+
+Editing::Editing(ui::EventLoop& loop, overview::Overview& overview)
+    : loop_(loop),
+      overview_(overview),
+      menu_(overview.form()),
+      lock_({overview.records(), overview.grid(), overview.store()}),
+      deletion_({loop, overview.records(), overview.view(), overview.grid()}),
+      settings_(overview.records(), overview.view()),
+      store_({loop, overview.records(), overview.grid(), overview.store()}),
+      end_({overview.form(), overview.form().Timer1, overview.records()}) {
+    provideOwn();
+    overview_.onMenu = [this](int index, POINT screen) { openMenu(index, screen); };
+    overview_.form().onCloseAsked = [this] { end(); };
+    store_.onProgress = [this](int done, int all) { overview_.form().showProgress(done, all); };
+    end_.listed = [this] { return listed(); };
+    end_.onLeave = [this](std::optional<int> index) { onLeave(index); };
+}
+
+Editing::~Editing() {
+    overview_.onMenu = nullptr;
+    overview_.form().onCloseAsked = nullptr;
+}
+
+void Editing::provideOwn() {
+    provide(MenuCommand::Msperr, [this](int index) { refuse(lock_.lock(index)); });
+    provide(MenuCommand::Mfrei, [this](int index) {
+        if (overview_.records().thumbRecords[static_cast<std::size_t>(index)].deleted) {
+            deletion_.takeBack(index);
+        } else {
+            refuse(lock_.unlock(index));
+        }
+    });
+    provide(MenuCommand::Mopt, [this](int) { settings_.setShown(true); });
+    provide(MenuCommand::Mdel, [this](int index) { deletion_.mark(index); });
+    provide(MenuCommand::Mmin, [this](int) { storeThumbnails(); });
+    provide(MenuCommand::MminL, [this](int) { store_.remove(); });
+    provide(MenuCommand::Mab, [this](int) { end(); });
+}
+
+void Editing::setSave(std::function<bool()> save) {
+    end_.onSave = save;
+    provide(MenuCommand::Msav, [save = std::move(save)](int) { save(); });
+}
+
+MenuState Editing::stateOf(int index) const {
+    MenuState state = menuStateOf(overview_.records(), index);
+    state.storePresent = overview_.store().present();
+    state.settingsShown = settings_.shown();
+    state.musicShown = overview_.form().musicShown();
+    if (onStateAsked) {
+        onStateAsked(state);
+    }
+    return state;
+}
+
+void Editing::openMenu(int index, POINT screen) {
+    if (blocks_ > 0) {
+        return;
+    }
+    if (overview_.onEnlarge) {
+        provide(MenuCommand::Mvor, overview_.onEnlarge);
+    }
+    menu_.open(stateOf(index), index, screen);
+}
+
+void Editing::refuse(const std::wstring& sentence) {
+    if (!sentence.empty()) {
+        ui::messageBox(&overview_.form(), sentence, L" Fehler", ui::MessageIcon::Exclamation);
+    }
+}
+
+bool Editing::keyWhileStoring(int key) {
+    if (key == VK_ESCAPE) {
+        store_.stop();
+    }
+    return true;
+}
+
+void Editing::storeThumbnails() {
+    overview::Form2& form = overview_.form();
+    endAsked_ = false;
+    {
+        const Block block(*this);
+        const auto former = std::exchange(form.onKey, [this](int key, bool) { return keyWhileStoring(key); });
+        const bool all = store_.save();
+        form.onKey = former;
+        if (all) {
+            settings_.setShown(false);
+        }
+    }
+    if (endAsked_) {
+        end();
+    }
+}
+
+void Editing::end() {
+    if (blocks_ > 0) {
+        endAsked_ = store_.saving();
+        store_.stop();
+        return;
+    }
+    end_.run();
+}
+
+}  // namespace edit

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+
+#include "overview/thumb_record.h"
+#include "overview/thumbnail_grid.h"
+#include "overview/thumbnail_store.h"
+#include "ui/event_loop.h"
+
+namespace edit {
+
+/// Keeps the thumbnails of a folder in its store, and removes them.
+class StoreCommands {
+  public:
+    struct Parts {
+        ui::EventLoop& loop;
+        overview::ThumbRecords& records;
+        overview::ThumbnailGrid& grid;
+        overview::ThumbnailStore& store;
+    };
+    explicit StoreCommands(const Parts& parts) : parts_(parts) {}
+
+    /// Makes every thumbnail anew from its file and keeps it, in the order of the items; events run before
+    /// each of them. True when all were made; false when it was stopped, which leaves those kept so far, or
+    /// where the folder cannot be written. Throws Leaving.
+    bool save();
+    /// Ends save() before its next thumbnail.
+    void stop() { stopped_ = true; }
+    bool saving() const { return saving_; }
+    /// Removes the kept thumbnails and their folder.
+    void remove() { parts_.store.removeAll(); }
+
+    /// So many thumbnails of all have been made.
+    std::function<void(int done, int all)> onProgress;
+
+  private:
+    void progress(int done) const;
+
+    Parts parts_;
+    bool saving_ = false;
+    bool stopped_ = false;
+};
+
+}  // namespace edit

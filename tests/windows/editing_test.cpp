@@ -1,0 +1,143 @@
+// The menu of an item as the overview opens it, and what happens to it when the program is left.
+#include "edit/editing.h"
+
+#include <gmock/gmock.h>
+
+#include "support/app_stage.h"
+#include "support/edit_stage.h"
+
+namespace edit {
+namespace {
+
+using support::EditStage;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Not;
+
+constexpr std::uint32_t kBlue = 0x404080;
+
+TEST(Editing, TheMenuShowsWhatIsProvided) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue});
+    ASSERT_TRUE(stage.open());
+    EXPECT_THAT(
+        stage.choose(0),
+        ElementsAre(L"Bild vergrößern", L"Bild sperren", L"Bild-Einstellungen anzeigen", L"Bild löschen",
+                    L"Minibilder speichern", L" Minibilder löschen", L"Beenden (zurück)"));
+    int chosen = -1;
+    stage.editing->provide(MenuCommand::Minf, [&](int index) { chosen = index; });
+    EXPECT_TRUE(stage.offers(1, L"Datei-Info"));
+    stage.choose(1, L"Datei-Info");
+    EXPECT_EQ(chosen, 1);
+}
+
+TEST(Editing, EnlargingAsksForTheItem) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue});
+    ASSERT_TRUE(stage.open());
+    stage.choose(1, L"Bild vergrößern");
+    EXPECT_EQ(stage.enlargedIndex, 1);
+}
+
+TEST(Editing, OthersAddTheirPartOfTheState) {
+    EditStage stage;
+    stage.picturesOf({kBlue});
+    ASSERT_TRUE(stage.open());
+    stage.editing->provide(MenuCommand::Mmusi, [](int) {});
+    EXPECT_THAT(stage.choose(0), Contains(L" Musik bearbeiten"));
+    stage.editing->onStateAsked = [](MenuState& state) { state.musicTitles = true; };
+    EXPECT_THAT(stage.choose(0), Contains(L"Musik bearbeiten"));
+    stage.overview->form().showMusic(true);
+    EXPECT_THAT(stage.choose(0), Contains(L" Musik bearbeiten"));
+}
+
+TEST(Editing, ADragMakesSavingPossible) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue, kBlue});
+    ASSERT_TRUE(stage.open());
+    int saves = 0;
+    stage.editing->setSave([&] {
+        ++saves;
+        return true;
+    });
+    EXPECT_THAT(stage.choose(0), Contains(L" Änderungen speichern"));
+    stage.drag(0, 2);
+    stage.choose(0, L"Änderungen speichern");
+    EXPECT_EQ(saves, 1);
+}
+
+TEST(Editing, TheMenuKeyOpensTheMenuOfTheSelectedItem) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue});
+    stage.pictures.hide(L"b.jpg");
+    ASSERT_TRUE(stage.open());
+    stage.overview->selection().select(1);
+    const support::MenuChoice menu;
+    SendMessageW(stage.panel(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(stage.panel()), -1);
+    EXPECT_TRUE(menu.opened());
+    EXPECT_TRUE(menu.offered(L"Bild freigeben"));
+}
+
+TEST(Editing, TheMenuOpensWhileTheOthersAreLoading) {
+    EditStage stage;
+    for (int i = 0; i < 30; ++i) {
+        stage.picture(L"p" + std::to_wstring(i + 10) + L".jpg", kBlue, 1600, 1200);
+    }
+    stage.beginEditing();
+    ASSERT_TRUE(stage.until([&] { return stage.overview->view().boxCount() == 30; }));
+    EXPECT_THAT(stage.choose(0, L"Bild sperren"), Contains(L"Bild sperren"));
+    EXPECT_TRUE(stage.attributes(L"p10.jpg") & FILE_ATTRIBUTE_HIDDEN);
+    ASSERT_TRUE(stage.loaded());
+    EXPECT_TRUE(stage.diagonalIs(0, overview::kLockColour));
+}
+
+TEST(Editing, AFolderThatCannotBeWrittenOffersOnlyLooking) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue});
+    ASSERT_TRUE(stage.open());
+    stage.overview->records().folderWritable = false;
+    EXPECT_THAT(
+        stage.choose(0),
+        ElementsAre(L"Bild vergrößern", L" Bild sperren", L"Bild-Einstellungen anzeigen", L" Bild löschen",
+                    L" Minibilder speichern", L" Minibilder löschen", L"Beenden (zurück)"));
+}
+
+TEST(Editing, LeavingEndsAnOpenMenu) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue});
+    ASSERT_TRUE(stage.open());
+    bool chosen = false;
+    stage.editing->provide(MenuCommand::Minf, [&](int) { chosen = true; });
+    stage.loop.guarded([&] {
+        const auto leaver = SetTimer(nullptr, 0, 50, [](HWND, UINT, UINT_PTR id, DWORD) {
+            KillTimer(nullptr, id);
+            ui::EventLoop::current().leave();
+        });
+        stage.editing->openMenu(0, stage.middleOf(0));
+        KillTimer(nullptr, leaver);
+    });
+    EXPECT_TRUE(stage.loop.leaving());
+    EXPECT_FALSE(chosen);
+}
+
+TEST(Editing, WhileItIsBlockedNothingIsLeftOrOpened) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue});
+    ASSERT_TRUE(stage.open());
+    {
+        const Editing::Block outer(*stage.editing);
+        { const Editing::Block inner(*stage.editing); }
+        const support::MenuChoice menu;
+        stage.editing->openMenu(0, stage.middleOf(0));
+        EXPECT_FALSE(menu.opened());
+        stage.editing->end();
+        EXPECT_EQ(stage.left.times, 0);
+        EXPECT_FALSE(stage.overview->form().Grid.enabled());
+    }
+    EXPECT_TRUE(stage.overview->form().Grid.enabled());
+    stage.editing->end();
+    EXPECT_EQ(stage.left.times, 1);
+}
+
+}  // namespace
+}  // namespace edit
