@@ -142,6 +142,7 @@ void MusicList::move(int from, int to) {
 void MusicList::setHighlights() {
     parts_.Timer2.setEnabled(false);
     std::vector<bool> highlights;
+    highlights.reserve(order_.size());
     for (int i = 0; i < parts_.List1.count(); ++i) {
         highlights.push_back(parts_.List1.itemData(i) != 0);
     }
@@ -159,6 +160,7 @@ void MusicList::confirm() {
     }
     parts_.music.musicList = std::move(renamed.musicList);
     std::vector<std::wstring> names;
+    names.reserve(parts_.music.musicList.size());
     for (const std::wstring& entry : parts_.music.musicList) {
         names.push_back(media::fileNameOfEntry(entry));
     }

@@ -9,7 +9,7 @@
 namespace ui {
 
 FileList::FileList(const CreateArgs& args, Matcher matches, std::wstring pattern)
-    : ListBox(args, DWORD{LBS_OWNERDRAWFIXED}), matches_(std::move(matches)), pattern_(std::move(pattern)) {}
+    : ListBox(args), matches_(std::move(matches)), pattern_(std::move(pattern)) {}
 
 std::vector<std::wstring> FileList::readNames() const {
     std::vector<std::wstring> names;

@@ -57,7 +57,7 @@ void drawFolder(Painting& painting, float left, float top, float scale, bool ope
 
 }  // namespace
 
-FolderList::FolderList(const CreateArgs& args) : ListBox(args, DWORD{LBS_OWNERDRAWFIXED}) {
+FolderList::FolderList(const CreateArgs& args) : ListBox(args) {
     wchar_t windows[MAX_PATH]{};
     const UINT length = GetWindowsDirectoryW(windows, MAX_PATH);
     const std::wstring root = length >= kRootLength ? std::wstring(windows, kRootLength) : L"C:\\";

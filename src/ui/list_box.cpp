@@ -2,6 +2,7 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "ui/painting.h"
@@ -11,10 +12,11 @@ namespace ui {
 
 namespace {
 
-constexpr DWORD kStyle = LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT | WS_VSCROLL;
+constexpr DWORD kStyle = LBS_NOTIFY | LBS_HASSTRINGS | LBS_OWNERDRAWFIXED | LBS_NOINTEGRALHEIGHT | WS_VSCROLL;
 constexpr Rgb kPaper = 0xFFFFFF;
 constexpr Twips kRow = 315;
 constexpr Twips kTextLeft = 90;
+constexpr Twips kFocusWidth = 15;
 
 MouseEvent mouseEvent(UINT message, WPARAM w, LPARAM l) {
     const bool right = message == WM_RBUTTONDOWN || message == WM_RBUTTONUP;
@@ -25,20 +27,14 @@ MouseEvent mouseEvent(UINT message, WPARAM w, LPARAM l) {
 }  // namespace
 
 ListBox::ListBox(const CreateArgs& args, Selection selection)
-    : ListBox(args, selection == Selection::Multiple ? DWORD{LBS_MULTIPLESEL} : DWORD{0}) {}
-
-ListBox::ListBox(const CreateArgs& args, DWORD style)
-    : Control(args),
-      multiple_((style & LBS_MULTIPLESEL) != 0),
-      drawsRows_((style & LBS_OWNERDRAWFIXED) != 0) {
-    createSystem(styleFor(args, L"ListBox", kStyle | style, WS_EX_CLIENTEDGE));
+    : Control(args), multiple_(selection == Selection::Multiple) {
+    const DWORD kind = multiple_ ? DWORD{LBS_MULTIPLESEL} : DWORD{0};
+    createSystem(styleFor(args, L"ListBox", kStyle | kind, WS_EX_CLIENTEDGE));
     created();
 }
 
 void ListBox::applyMeasures() {
-    if (drawsRows_) {
-        SendMessageW(hwnd(), LB_SETITEMHEIGHT, 0, toPixels(kRow, dpi()));
-    }
+    SendMessageW(hwnd(), LB_SETITEMHEIGHT, 0, toPixels(kRow, dpi()));
 }
 
 void ListBox::checkIndex(int index, int count) const {
@@ -221,7 +217,7 @@ bool ListBox::onReflected(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
         result = colours(w, theme::kText, kPaper);
         return true;
     }
-    if (message == WM_DRAWITEM && drawsRows_) {
+    if (message == WM_DRAWITEM) {
         const auto& row = *reinterpret_cast<const DRAWITEMSTRUCT*>(l);
         if (static_cast<int>(row.itemID) >= 0) {
             drawRow(row);
@@ -252,6 +248,15 @@ void ListBox::drawRow(const DRAWITEMSTRUCT& row) const {
                      row.rcItem.bottom};
     painting.text(item(static_cast<int>(row.itemID)), place, fontHandle(), theme::kText,
                   DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    // Where many are selected the one that the keys work on is not told by its ground.
+    if (multiple_ && (row.itemState & ODS_FOCUS) != 0 && (row.itemState & ODS_NOFOCUSRECT) == 0) {
+        const float width = std::max(1.0F, kFocusWidth / twipsPerPixel(dpi()));
+        painting.shape(
+            Path().roundRectOutline(static_cast<float>(row.rcItem.left), static_cast<float>(row.rcItem.top),
+                                    static_cast<float>(row.rcItem.right - row.rcItem.left),
+                                    static_cast<float>(row.rcItem.bottom - row.rcItem.top), 0, width),
+            theme::kAccent);
+    }
     painting.copyTo(row.hDC);
 }
 

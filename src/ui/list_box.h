@@ -57,15 +57,12 @@ class ListBox : public Control {
     std::function<void()> onSpace;
 
   protected:
-    /// `style`: more style bits of the system's list.
-    ListBox(const CreateArgs& args, DWORD style);
-
     void applyMeasures() override;
     bool onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
     bool onReflected(UINT message, WPARAM w, LPARAM l, LRESULT& result) override;
     bool onKeyDown(int key, bool repeated) override;
     bool onChar(wchar_t character) override;
-    /// Draws a row of a list that draws its own (LBS_OWNERDRAWFIXED): its text, cut with an ellipsis.
+    /// Draws a row: its text, cut with an ellipsis.
     virtual void drawRow(const DRAWITEMSTRUCT& row) const;
     /// The colour behind a row: paper, or a selection that is paler without the focus.
     static Rgb rowGround(const DRAWITEMSTRUCT& row);
@@ -80,7 +77,6 @@ class ListBox : public Control {
     void checkIndex(int index, int count) const;
 
     bool multiple_;
-    bool drawsRows_;
 };
 
 }  // namespace ui
