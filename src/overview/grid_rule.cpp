@@ -10,6 +10,7 @@ constexpr int kScreenDpi = 96;
 constexpr int kWidestGap = 6;     // pixels at 96 DPI
 constexpr int kCellsPerGap = 20;  // a gap is that part of a cell's width
 constexpr double kStep = 1.25;
+constexpr double kLeastGrowth = 1.1;
 constexpr int kDragScrollPart = 4;
 
 int heightOf(int imageWidth) {
@@ -38,6 +39,16 @@ int enlargedWidth(const GridRequest& request, int columns) {
 int fittedWidth(const GridRequest& request) {
     const int columns = columnsFor(request.count);
     return imageWidthFor(request, columns, columns);
+}
+
+// The steps are the same in both directions.
+int nextColumns(int columns) {
+    return std::max(columns + 1, static_cast<int>(columns * kStep));
+}
+
+// Whether cells of an enlarged grid are worth it.
+bool isLarger(const GridRequest& request, int columns) {
+    return enlargedWidth(request, columns) > fittedWidth(request) * kLeastGrowth;
 }
 
 }  // namespace
@@ -110,21 +121,17 @@ int scrollKeeping(const GridLayout& layout, int index, int y) {
 }
 
 int enlarged(const GridRequest& request) {
-    if (request.columns == 1) {
-        return 1;
+    int result = request.columns;
+    for (int n = 1; (request.columns <= 0 || n < request.columns) && isLarger(request, n);
+         n = nextColumns(n)) {
+        result = n;
     }
-    const int now = request.columns > 0 ? request.columns : request.width / std::max(1, fittedWidth(request));
-    const int wanted = std::max(1, std::min(now - 1, static_cast<int>(now / kStep)));
-    // A single picture that fills the view already cannot grow.
-    return enlargedWidth(request, wanted) > fittedWidth(request) ? wanted : request.columns;
+    return result;
 }
 
 int reduced(const GridRequest& request) {
-    if (request.columns <= 0) {
-        return 0;
-    }
-    const int wanted = std::max(request.columns + 1, static_cast<int>(request.columns * kStep));
-    return enlargedWidth(request, wanted) > fittedWidth(request) ? wanted : 0;
+    const int wanted = nextColumns(request.columns);
+    return request.columns > 0 && isLarger(request, wanted) ? wanted : 0;
 }
 
 int dragScroll(int y, int viewHeight, int edge) {

@@ -70,8 +70,9 @@ int scrollShowing(const GridLayout& layout, int scroll, int index);
 /// The scroll position at which the middle of an item's cell is seen `y` pixels below the top.
 int scrollKeeping(const GridLayout& layout, int index, int y);
 
-/// The cells of a row after one step of enlarging or of reducing a grid (a quarter, at least one column);
-/// `columns` as in the request. Reduced to where all items are shown it becomes 0.
+/// The cells of a row after one step of enlarging or of reducing a grid, by a quarter or at least one column;
+/// `columns` as in the request. Where the cells would hardly be larger than when all items are shown, that is
+/// shown: 0. Steps in one direction are taken back by as many in the other.
 int enlarged(const GridRequest& request);
 int reduced(const GridRequest& request);
 

@@ -168,12 +168,14 @@ void GridView::zoom(int direction, int anchor) {
     if (columns == columns_) {
         return;
     }
-    const int item = anchor >= 0 ? anchor : inView().first;
-    const show::PixelRect place = cellPlace(layout_, item);
+    const int first = inView().first;
+    const show::PixelRect place = cellPlace(layout_, std::max(0, anchor));
     const int y = std::clamp(place.top + place.height / 2 - scroll_, 0, layout_.viewHeight);
     columns_ = columns;
     layout_ = layoutGrid(request());
-    scroll_ = isEnlarged() ? scrollKeeping(layout_, item, y) : 0;
+    scroll_ = !isEnlarged() ? 0
+              : anchor >= 0 ? scrollKeeping(layout_, anchor, y)
+                            : std::min(cellPlace(layout_, first).top, scrollEnd(layout_));
     const ui::DragImage::Hidden hidden;
     for (const auto& box : boxes_) {
         box->setGap(layout_.gap);

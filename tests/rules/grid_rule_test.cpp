@@ -143,6 +143,7 @@ TEST(GridRule, ZoomStepsGrowAndLeadBack) {
             ASSERT_LT(++steps, 100);
         }
         EXPECT_EQ(now.columns, 1) << count;
+        const int there = steps;
         for (int next = reduced(now); now.columns != 0; next = reduced(now)) {
             now.columns = next;
             const int smaller = layoutGrid(now).imageWidth();
@@ -150,6 +151,7 @@ TEST(GridRule, ZoomStepsGrowAndLeadBack) {
             width = smaller;
             ASSERT_LT(++steps, 200);
         }
+        EXPECT_EQ(steps, 2 * there) << count;
         EXPECT_EQ(reduced(now), 0);
     }
     EXPECT_EQ(enlarged(request(1, 1200, 900)), 0) << "one picture fills the view already";

@@ -139,6 +139,20 @@ testing::AssertionResult click(const Control& target, MouseButton button) {
     return clickAt(place, button);
 }
 
+testing::AssertionResult beginDrag(POINT from, POINT to) {
+    auto done = movePointer(from);
+    done = done ? send({mouseEvent(from, MOUSEEVENTF_LEFTDOWN)}) : done;
+    constexpr int kSteps = 5;
+    for (int i = 1; i <= kSteps && done; ++i) {
+        done = movePointer({from.x + (to.x - from.x) * i / kSteps, from.y + (to.y - from.y) * i / kSteps});
+    }
+    return done;
+}
+
+testing::AssertionResult release(POINT place) {
+    return send({mouseEvent(place, MOUSEEVENTF_LEFTUP)});
+}
+
 HWND focusIn(HWND form) {
     GUITHREADINFO info = {};
     info.cbSize = sizeof(info);

@@ -29,6 +29,11 @@ testing::AssertionResult clickAt(POINT place, MouseButton button = MouseButton::
 /// Clicks the middle of a visible control. Fails when another window lies over that place.
 testing::AssertionResult click(const Control& target, MouseButton button = MouseButton::Left);
 
+/// Presses the left button at `from`, moves the pointer to `to` in some steps and stays there with the button
+/// held down; `release` lets it go.
+testing::AssertionResult beginDrag(POINT from, POINT to);
+testing::AssertionResult release(POINT place);
+
 /// The window that has the keyboard focus in the window's thread.
 HWND focusIn(HWND form);
 
