@@ -86,13 +86,12 @@ bool EntryEditor::isThere(int index) const {
            platform::fileExists(platform::joinPath(parts_.records.folder, record.fileName));
 }
 
-// Without music files the list keeps its items; the choice made for another item must not become this one's.
+// Without music files the list keeps its items.
 void EntryEditor::fillMusic(const std::vector<std::wstring>& musicFiles) {
-    ui::ComboBox& list = parts_.form.Combo3;
-    list.setSelectedIndex(-1);
     if (musicFiles.empty()) {
         return;
     }
+    ui::ComboBox& list = parts_.form.Combo3;
     list.clear();
     for (const std::wstring& item : musicItems(musicFiles)) {
         list.add(item);
@@ -129,6 +128,7 @@ void EntryEditor::fill(int index, const std::vector<std::wstring>& musicFiles) {
     form.Combo1.setSelectedIndex(fields.pause);
     form.Combo2.setSelectedIndex(fields.effect);
     form.Check1.setValue(fields.date ? BST_CHECKED : BST_UNCHECKED);
+    // None where nothing matches: the choice made for another item must not become this one's.
     form.Combo3.setSelectedIndex(fields.music);
     opened_ = form.texts();
 }

@@ -31,6 +31,7 @@ class EntryEditorStage {
             test.loop, *form, records, [this] { return music; }, [this](int) { return thumbnail; },
             [this](int index) { log("redraw", index); }, [this](int index) { log("tip", index); },
             [this] { log("settings", -1); }});
+        form->onActivation = [this](bool active) { disturbed = disturbed || (!active && editor->isOpen()); };
         editor->onRefused = [this](const std::wstring& sentence) { refused.push_back(sentence); };
     }
 
@@ -63,6 +64,19 @@ class EntryEditorStage {
             test.loop.settle();
         }
     }
+    /// What a scenario of keys answers. A window manager may take the focus away for a moment after a window
+    /// was shown; a scenario that this disturbed is played again.
+    template <typename Scenario>
+    auto undisturbed(Scenario scenario) {
+        constexpr int kTries = 20;
+        for (int i = 1;; ++i) {
+            disturbed = false;
+            auto answer = scenario();
+            if (!disturbed || i == kTries) {
+                return answer;
+            }
+        }
+    }
     int focused() const { return GetDlgCtrlID(GetFocus()); }
     /// The window's place on the screen.
     RECT place() const {
@@ -81,6 +95,7 @@ class EntryEditorStage {
     std::vector<std::string>
         calls;  ///< "redraw 0", "tip 0", "settings", with "!" while the editor is visible
     std::vector<std::wstring> refused;
+    bool disturbed = false;  ///< the open editor was no longer the active window
 
   private:
     void log(const std::string& call, int index) {

@@ -20,131 +20,142 @@ class EntryEditorKeyboardTest : public testing::Test {
 };
 
 TEST_F(EntryEditorKeyboardTest, AWholeEntry) {
-    stage.open(L"");
-    stage.type(L"Am Strand");
-    key(VK_TAB);
-    key(VK_DOWN);
-    key(VK_DOWN);
-    key(VK_TAB);
-    stage.type(L"c");
-    key(VK_TAB);
-    key(VK_SPACE);
-    key(VK_TAB);
-    key(VK_DOWN);
-    key(VK_DOWN);
-    key(VK_DOWN);
-    key(VK_RETURN);
+    const std::wstring entry = stage.undisturbed([&] {
+        stage.open(L"");
+        stage.type(L"Am Strand");
+        key(VK_TAB);
+        key(VK_DOWN);
+        key(VK_DOWN);
+        key(VK_TAB);
+        stage.type(L"c");
+        key(VK_TAB);
+        key(VK_SPACE);
+        key(VK_TAB);
+        key(VK_DOWN);
+        key(VK_DOWN);
+        key(VK_DOWN);
+        key(VK_RETURN);
+        return stage.record(0).entry;
+    });
+    EXPECT_EQ(entry, L"Am Strand *P=2 *E=C *D *M=Sommer");
     EXPECT_FALSE(form().visible());
-    EXPECT_EQ(stage.record(0).entry, L"Am Strand *P=2 *E=C *D *M=Sommer");
 }
 
 TEST_F(EntryEditorKeyboardTest, TabWalksThroughAllFields) {
-    stage.open(L"");
-    std::vector<int> places{stage.focused()};
-    for (int i = 0; i < 7; ++i) {
-        key(VK_TAB);
-        places.push_back(stage.focused());
-    }
+    const std::vector<int> places = stage.undisturbed([&] {
+        stage.open(L"");
+        std::vector<int> passed{stage.focused()};
+        for (int i = 0; i < 7; ++i) {
+            key(VK_TAB);
+            passed.push_back(stage.focused());
+        }
+        return passed;
+    });
     EXPECT_THAT(places, ElementsAre(ui::id::kUTT, ui::id::kCombo1, ui::id::kCombo2, ui::id::kEntryCheck1,
                                     ui::id::kCombo3, ui::id::kEntryOK, ui::id::kEntryCANCEL, ui::id::kUTT));
 }
 
 TEST_F(EntryEditorKeyboardTest, LettersWithAlt) {
-    struct Case {
-        wchar_t letter;
-        int id;
-    };
-    for (const Case& one :
-         {Case{L'p', ui::id::kCombo1}, Case{L'e', ui::id::kCombo2}, Case{L'm', ui::id::kCombo3},
-          Case{L't', ui::id::kUTT}, Case{L'd', ui::id::kEntryCheck1}}) {
+    const std::vector<int> places = stage.undisturbed([&] {
         stage.open(L"");
-        stage.test.altLetter(one.letter);
-        EXPECT_EQ(stage.focused(), one.id);
-    }
+        std::vector<int> reached;
+        for (const wchar_t letter : {L'p', L'e', L'm', L't', L'd'}) {
+            stage.test.altLetter(letter);
+            reached.push_back(stage.focused());
+        }
+        return reached;
+    });
+    EXPECT_THAT(places, ElementsAre(ui::id::kCombo1, ui::id::kCombo2, ui::id::kCombo3, ui::id::kUTT,
+                                    ui::id::kEntryCheck1));
     EXPECT_EQ(form().Check1.value(), 1);
-    stage.test.altLetter(L'a');
-    EXPECT_FALSE(form().visible());
-    stage.open(L"");
-    stage.type(L"Haus");
-    stage.test.altLetter(L'o');
-    EXPECT_FALSE(form().visible());
-    EXPECT_EQ(stage.record(0).entry, L"Haus");
+    const auto entry = [&](wchar_t letter) {
+        return stage.undisturbed([&] {
+            stage.open(L"Haus");
+            form().UTT.setText(L"Garten");
+            stage.test.altLetter(letter);
+            return form().visible() ? L"open" : stage.record(0).entry;
+        });
+    };
+    EXPECT_EQ(entry(L'a'), L"Haus");
+    EXPECT_EQ(entry(L'o'), L"Garten");
 }
 
 TEST_F(EntryEditorKeyboardTest, EnterIsOkAndEscapeIsAbbruchInEveryField) {
+    const auto entry = [&](int id, int pressed) {
+        return stage.undisturbed([&] {
+            stage.open(L"Haus");
+            form().UTT.setText(L"Garten");
+            SetFocus(GetDlgItem(form().hwnd(), id));
+            key(pressed);
+            return form().visible() ? L"open" : stage.record(0).entry;
+        });
+    };
     for (const int id : {ui::id::kUTT, ui::id::kCombo1, ui::id::kCombo2, ui::id::kEntryCheck1,
                          ui::id::kCombo3, ui::id::kEntryOK}) {
-        stage.open(L"Haus");
-        form().UTT.setText(L"Garten");
-        SetFocus(GetDlgItem(form().hwnd(), id));
-        key(VK_ESCAPE);
-        EXPECT_FALSE(form().visible()) << id;
-        EXPECT_EQ(stage.record(0).entry, L"Haus") << id;
-        stage.open(L"Haus");
-        form().UTT.setText(L"Garten");
-        SetFocus(GetDlgItem(form().hwnd(), id));
-        key(VK_RETURN);
-        EXPECT_FALSE(form().visible()) << id;
-        EXPECT_EQ(stage.record(0).entry, L"Garten") << id;
+        EXPECT_EQ(entry(id, VK_ESCAPE), L"Haus") << id;
+        EXPECT_EQ(entry(id, VK_RETURN), L"Garten") << id;
     }
-    stage.open(L"Haus");
-    form().UTT.setText(L"Garten");
-    form().CANCEL.setFocus();
-    key(VK_RETURN);
-    EXPECT_FALSE(form().visible());
-    EXPECT_EQ(stage.record(0).entry, L"Haus") << "Enter presses \"Abbruch\" where that has the focus";
+    EXPECT_EQ(entry(ui::id::kEntryCANCEL, VK_RETURN), L"Haus") << "Enter presses what has the focus there";
 }
 
 TEST_F(EntryEditorKeyboardTest, AnOpenListHasItsKeys) {
-    stage.open(L"Haus");
-    form().Combo1.setFocus();
-    SendMessageW(form().Combo1.hwnd(), CB_SHOWDROPDOWN, TRUE, 0);
-    key(VK_DOWN);
-    key(VK_ESCAPE);
-    EXPECT_TRUE(form().visible()) << "Escape closes the list";
-    EXPECT_EQ(form().Combo1.selectedIndex(), 0);
-    SendMessageW(form().Combo1.hwnd(), CB_SHOWDROPDOWN, TRUE, 0);
-    key(VK_DOWN);
-    key(VK_RETURN);
-    EXPECT_TRUE(form().visible()) << "Enter takes the choice";
-    EXPECT_FALSE(form().Combo1.droppedDown());
-    EXPECT_EQ(form().Combo1.selectedIndex(), 1);
-    key(VK_RETURN);
-    EXPECT_EQ(stage.record(0).entry, L"Haus *P=1");
+    const auto chosen = [&](int closing) {
+        return stage.undisturbed([&] {
+            stage.open(L"Haus");
+            form().Combo1.setFocus();
+            SendMessageW(form().Combo1.hwnd(), CB_SHOWDROPDOWN, TRUE, 0);
+            key(VK_DOWN);
+            key(closing);
+            const bool still = form().Combo1.droppedDown();
+            return form().visible() && !still ? form().Combo1.selectedIndex() : -1;
+        });
+    };
+    EXPECT_EQ(chosen(VK_ESCAPE), 0) << "Escape closes the list";
+    EXPECT_EQ(chosen(VK_RETURN), 1) << "Enter takes the choice";
+    EXPECT_EQ(stage.record(0).entry, L"Haus");
 }
 
 // The key that chose the menu's item may still be held when the editor opens.
 TEST_F(EntryEditorKeyboardTest, AnEnterThatIsHeldDownDoesNothing) {
-    stage.open(L"Haus");
-    PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 1 | 1 << 30);
-    stage.test.loop.settle();
-    EXPECT_TRUE(form().visible());
+    const bool visible = stage.undisturbed([&] {
+        stage.open(L"Haus");
+        PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 1 | 1 << 30);
+        stage.test.loop.settle();
+        return form().visible();
+    });
+    EXPECT_TRUE(visible);
     EXPECT_FALSE(stage.records.changed);
 }
 
 TEST_F(EntryEditorKeyboardTest, EffectsByTheirCharacter) {
-    stage.open(L"");
-    form().Combo2.setFocus();
-    struct Case {
-        const wchar_t* typed;
-        int index;
-    };
-    for (const Case& one : {Case{L"k", 12}, Case{L"A", 2}, Case{L"#", 1}, Case{L"z", 27}, Case{L"1", 27}}) {
-        stage.type(one.typed);
-        EXPECT_EQ(form().Combo2.selectedIndex(), one.index) << one.typed;
-    }
-    form().UTT.setFocus();
-    stage.type(L"k#");
+    const std::vector<int> chosen = stage.undisturbed([&] {
+        stage.open(L"");
+        form().Combo2.setFocus();
+        std::vector<int> all;
+        for (const wchar_t* typed : {L"k", L"A", L"#", L"z", L"1"}) {
+            stage.type(typed);
+            all.push_back(form().Combo2.selectedIndex());
+        }
+        form().UTT.setFocus();
+        stage.type(L"k#");
+        all.push_back(form().Combo2.selectedIndex());
+        return all;
+    });
+    EXPECT_THAT(chosen, ElementsAre(12, 2, 1, 27, 27, 27));
     EXPECT_EQ(form().UTT.text(), L"k#");
-    EXPECT_EQ(form().Combo2.selectedIndex(), 27);
 }
 
 TEST_F(EntryEditorKeyboardTest, AStarIsRefusedWithABeep) {
-    const support::SystemCalls system;
-    stage.open(L"Haus");
-    stage.type(L" am *See*");
-    EXPECT_EQ(form().UTT.text(), L"Haus am See");
-    EXPECT_EQ(system.count("beep"), 2);
+    int beeps = 0;
+    const std::wstring title = stage.undisturbed([&] {
+        const support::SystemCalls system;
+        stage.open(L"Haus");
+        stage.type(L" am *See*");
+        beeps = system.count("beep");
+        return form().UTT.text();
+    });
+    EXPECT_EQ(title, L"Haus am See");
+    EXPECT_EQ(beeps, 2);
 }
 
 TEST_F(EntryEditorKeyboardTest, WhatIsPastedBecomesATitle) {
