@@ -1,6 +1,9 @@
 #include "edit/entry_line.h"
 
+#include <optional>
+
 #include "media/music_list.h"
+#include "overview/entry_lines.h"
 #include "text/text_number.h"
 #include "text/trimming.h"
 
@@ -24,17 +27,6 @@ std::optional<std::wstring_view> behind(std::wstring_view line, std::wstring_vie
 int pauseIndex(std::wstring_view text) {
     const int seconds = text::wholeNumber(text::numericValue(text));
     return seconds >= 1 && seconds <= kLongestPause ? seconds : 0;
-}
-
-int effectIndex(std::wstring_view text) {
-    if (text.empty()) {
-        return 0;
-    }
-    if (text.front() == L'#') {
-        return 1;
-    }
-    const int index = static_cast<int>(text.front()) - kEffectOffset;
-    return index >= kFirstEffect && index <= kLastEffect ? index : 0;
 }
 
 int musicIndex(std::wstring_view text, const std::vector<std::wstring>& musicFiles) {
@@ -72,6 +64,14 @@ std::vector<std::wstring> effectItems() {
     return items;
 }
 
+int effectIndex(wchar_t effect) {
+    if (effect == L'#') {
+        return 1;
+    }
+    const int index = static_cast<int>(effect) - kEffectOffset;
+    return index >= kFirstEffect && index <= kLastEffect ? index : 0;
+}
+
 std::vector<std::wstring> musicItems(const std::vector<std::wstring>& musicFiles) {
     if (musicFiles.empty()) {
         return {};
@@ -91,8 +91,8 @@ EntryFields readEntryLine(std::wstring_view line, const std::vector<std::wstring
     if (const auto pause = behind(line, L"*P=")) {
         fields.pause = pauseIndex(pause->substr(0, pause->find(kStar)));
     }
-    if (const auto effect = behind(line, L"*E=")) {
-        fields.effect = effectIndex(*effect);
+    if (const auto effect = behind(line, L"*E="); effect && !effect->empty()) {
+        fields.effect = effectIndex(effect->front());
     }
     fields.date = line.find(L"*D") != npos;
     if (const auto music = behind(line, L"*M=")) {
@@ -112,15 +112,21 @@ std::wstring writeEntryLine(const EntryTexts& texts) {
     return line;
 }
 
-std::optional<std::wstring> acceptedTitle(std::wstring_view typed) {
-    std::wstring title;
-    for (std::size_t i = 0; i < typed.size(); ++i) {
-        if (typed[i] == kStar) {
-            return std::nullopt;
+std::wstring editedEntryLine(std::wstring_view line, const EntryTexts& opened, const EntryTexts& now) {
+    std::wstring written = writeEntryLine(now);
+    const bool loses = overview::entryMeaning(line) != overview::entryMeaning(written);
+    return now == opened && loses ? std::wstring(line) : written;
+}
+
+TitleText titleText(std::wstring_view text) {
+    TitleText title;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool secondOfPair = i > 0 && text[i - 1] == L'\r' && text[i] == L'\n';
+        if (text[i] == kStar) {
+            title.refused = true;
+        } else if (!secondOfPair) {
+            title.text += text[i] == L'\r' || text[i] == L'\n' ? L' ' : text[i];
         }
-        const bool pair = typed[i] == L'\r' && i + 1 < typed.size() && typed[i + 1] == L'\n';
-        title += typed[i] == L'\r' || typed[i] == L'\n' ? L' ' : typed[i];
-        i += pair ? 1 : 0;
     }
     return title;
 }

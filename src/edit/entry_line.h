@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +10,9 @@ namespace edit {
 /// and a letter the item with its character value - 63; item 0 is the empty one.
 std::vector<std::wstring> pauseItems();
 std::vector<std::wstring> effectItems();
+
+/// The index of an effect's character in effectItems; 0 for one that the list does not have.
+int effectIndex(wchar_t effect);
 
 /// The items of the music list for the folder's music files, in their order: an empty one, the titles, and
 /// "<", which stops the music. None without files: the list then keeps what it held.
@@ -38,15 +40,27 @@ struct EntryTexts {
     std::wstring effect;
     bool date = false;
     std::wstring music;
+    friend bool operator==(const EntryTexts&, const EntryTexts&) = default;
 };
 
 /// The entry line: the title, then " *P=", " *E=", " *D" and " *M=" for what is not empty, all values without
 /// blanks at their ends. Empty when nothing stands anywhere.
 std::wstring writeEntryLine(const EntryTexts& texts);
 
-/// A text for the title as it can be taken: line breaks become blanks. None for one with a "*", which would
-/// end the title.
-std::optional<std::wstring> acceptedTitle(std::wstring_view typed);
+/// The entry line for what stands in the boxes now, where they held `opened` when `line` was taken apart. A
+/// line that says more than the boxes can show (a pause beyond 60, music that is not there, "<") stays as it
+/// is while nothing in the boxes was changed.
+std::wstring editedEntryLine(std::wstring_view line, const EntryTexts& opened, const EntryTexts& now);
+
+/// A text as a title can take it.
+struct TitleText {
+    std::wstring text;
+    bool refused = false;  ///< a "*" was left out: it would end the title
+    friend bool operator==(const TitleText&, const TitleText&) = default;
+};
+
+/// Makes a text fit for a title: line breaks become blanks, stars are left out.
+TitleText titleText(std::wstring_view text);
 
 /// The caption of the editor for the item with an index from 0.
 std::wstring editorCaption(int index);

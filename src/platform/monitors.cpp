@@ -37,6 +37,10 @@ RECT Monitors::workAreaOf(HWND window) const {
     return infoOf(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST)).rcWork;
 }
 
+RECT Monitors::workAreaAt(POINT place) const {
+    return infoOf(MonitorFromPoint(place, MONITOR_DEFAULTTONEAREST)).rcWork;
+}
+
 int Monitors::dpiOf(HWND window) const {
     const UINT dpi = GetDpiForWindow(window);
     return dpi != 0 ? static_cast<int>(dpi) : USER_DEFAULT_SCREEN_DPI;

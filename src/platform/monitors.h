@@ -16,8 +16,9 @@ class Monitors {
     /// The primary monitor: its width, and what the task bar leaves of it.
     virtual int primaryWidth() const;
     virtual RECT primaryWorkArea() const;
-    /// What the task bar leaves of the monitor that most of a window lies on.
+    /// What the task bar leaves of the monitor that most of a window, or a point, lies on.
     virtual RECT workAreaOf(HWND window) const;
+    virtual RECT workAreaAt(POINT place) const;
     /// Dots per inch where a window is.
     virtual int dpiOf(HWND window) const;
 

@@ -145,14 +145,61 @@ TEST(EntryLine, WhatIsWrittenIsReadAgain) {
     }
 }
 
-TEST(EntryLine, TitlesThatCanBeTaken) {
-    EXPECT_EQ(acceptedTitle(L"Am Strand"), L"Am Strand");
-    EXPECT_EQ(acceptedTitle(L""), L"");
-    EXPECT_EQ(acceptedTitle(L"eins\r\nzwei\ndrei\rvier"), L"eins zwei drei vier");
-    EXPECT_EQ(acceptedTitle(L"\r\n\r\n"), L"  ");
-    EXPECT_EQ(acceptedTitle(L"eins\r"), L"eins ");
-    EXPECT_EQ(acceptedTitle(L"ein *"), std::nullopt);
-    EXPECT_EQ(acceptedTitle(L"*"), std::nullopt);
+TEST(EntryLine, TextsBecomeTitles) {
+    EXPECT_EQ(titleText(L"Am Strand"), (TitleText{L"Am Strand", false}));
+    EXPECT_EQ(titleText(L""), (TitleText{L"", false}));
+    EXPECT_EQ(titleText(L"eins\r\nzwei\ndrei\rvier"), (TitleText{L"eins zwei drei vier", false}));
+    EXPECT_EQ(titleText(L"\r\n\r\n"), (TitleText{L"  ", false}));
+    EXPECT_EQ(titleText(L"\n\r"), (TitleText{L"  ", false}));
+    EXPECT_EQ(titleText(L"eins\r"), (TitleText{L"eins ", false}));
+    EXPECT_EQ(titleText(L"ein *Stern*"), (TitleText{L"ein Stern", true}));
+    EXPECT_EQ(titleText(L"*"), (TitleText{L"", true}));
+    EXPECT_EQ(titleText(L"a\r*\nb"), (TitleText{L"a  b", true}));
+}
+
+TEST(EntryLine, EffectsByTheirCharacter) {
+    EXPECT_EQ(effectIndex(L'#'), 1);
+    EXPECT_EQ(effectIndex(L'A'), 2);
+    EXPECT_EQ(effectIndex(L'Z'), 27);
+    for (const wchar_t other : {L'@', L'[', L'a', L'1', L' ', L'Ä'}) {
+        EXPECT_EQ(effectIndex(other), 0) << static_cast<int>(other);
+    }
+}
+
+// What the boxes cannot show is lost only when something else was changed.
+TEST(EntryLine, AnUntouchedEditorLosesNothing) {
+    struct Case {
+        const wchar_t* line;
+        const wchar_t* untouched;
+        const wchar_t* titleChanged;
+    };
+    const Case cases[] = {
+        {L"", L"", L"Neu"},
+        {L"Haus", L"Haus", L"Neu"},
+        {L"Haus *P=12 *E=C *D *M=Sommer", L"Haus *P=12 *E=C *D *M=Sommer", L"Neu *P=12 *E=C *D *M=Sommer"},
+        {L"Haus *D *P=7", L"Haus *P=7 *D", L"Neu *P=7 *D"},
+        {L"Haus *M=<", L"Haus *M=<", L"Neu"},
+        {L"Haus *P=90", L"Haus *P=90", L"Neu"},
+        {L"Haus *P=7.5", L"Haus *P=7.5", L"Neu *P=8"},
+        {L"Haus *E=k *D", L"Haus *E=k *D", L"Neu *D"},
+        {L"Haus *M=Winter", L"Haus *M=Winter", L"Neu"},
+        {L"Haus *M=Som", L"Haus *M=Som", L"Neu *M=Sommer"},
+    };
+    const Names music = {L"03 Sommer.mp3"};
+    for (const Case& one : cases) {
+        const EntryFields read = readEntryLine(one.line, music);
+        const auto at = [](const Names& items, int index) {
+            return index < 0 ? std::wstring() : items[static_cast<std::size_t>(index)];
+        };
+        const EntryTexts opened{read.title, at(pauseItems(), read.pause), at(effectItems(), read.effect),
+                                read.date, at(musicItems(music), read.music)};
+        EXPECT_EQ(editedEntryLine(one.line, opened, opened), one.untouched)
+            << testing::PrintToString(one.line);
+        EntryTexts changed = opened;
+        changed.title = L"Neu";
+        EXPECT_EQ(editedEntryLine(one.line, opened, changed), one.titleChanged)
+            << testing::PrintToString(one.line);
+    }
 }
 
 TEST(EntryLine, Captions) {
