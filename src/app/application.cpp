@@ -28,7 +28,8 @@ Application::Application(ui::EventLoop& loop, media::MediaControl& control, cons
       show_(loop, control, form_, surfaces_, pictures_),
       setup_({loop, form_, state_, settings_, show_.music(), show_.video()}),
       shutdown_({loop, control, tray_, setup_.parameters(), state_, form_.Pic2, form_.Pic3}),
-      overview_({loop, control, form_, tray_, surfaces_, show_.music(), show_.video(), shutdown_}) {
+      overview_({loop, control, form_, tray_, surfaces_, show_.music(), show_.video(), shutdown_, state_,
+                 settings_}) {
     state_.ProgramDir = withBackslash(programDir);
     wireSetup();
     wireShow();

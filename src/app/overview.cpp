@@ -3,9 +3,11 @@
 #include <string>
 
 #include "app/folder_recovery.h"
+#include "app/option_set.h"
 #include "files/file_filter.h"
 #include "platform/directory.h"
 #include "platform/monitors.h"
+#include "platform/short_path.h"
 
 namespace app {
 
@@ -37,6 +39,15 @@ void Overview::make() {
     editing_.emplace(parts_.loop, *overview_);
     editing_->listed = [this] { return listed(); };
     editing_->onLeave = [this](std::optional<int> startIndex) { leave(startIndex); };
+    operations_.emplace(edit::Operations::Parts{
+        parts_.loop, parts_.control, fileSystem_, *overview_, *editing_, parts_.state.EditorPath,
+        [this](const std::wstring& path) { return keepEditor(path); },
+        [this] { return parts_.form.File2.entries(); }, [this] { overview_->reload(); }});
+}
+
+bool Overview::keepEditor(const std::wstring& path) const {
+    const std::wstring kept = platform::storablePath(path, kEditorKey.longest);
+    return kept.size() <= kEditorKey.longest && parts_.settings.write(kProgramSection, kEditorKey.name, kept);
 }
 
 // The main window's list is the show's own.
@@ -49,6 +60,7 @@ std::vector<std::wstring> Overview::listed() const {
 
 // The set-up is not built again: the program starts anew with its settings.
 void Overview::leave(std::optional<int> startIndex) {
+    operations_->entries().close();
     overview_->form().hide();
     parts_.shutdown.endEditing(startIndex);
 }

@@ -7,8 +7,9 @@
 #include "app/form1.h"
 #include "app/shutdown.h"
 #include "app/surface_settings.h"
-#include "files/windows_file_system.h"
 #include "edit/editing.h"
+#include "edit/operations.h"
+#include "files/windows_file_system.h"
 #include "media/media_control.h"
 #include "media/music_state.h"
 #include "media/video_playback.h"
@@ -30,6 +31,8 @@ class Overview {
         media::MusicState& music;
         media::VideoPlayback& video;
         Shutdown& shutdown;
+        ProgramState& state;
+        const platform::ProfileFile& settings;
     };
     explicit Overview(const Parts& parts) : parts_(parts) {}
 
@@ -46,11 +49,13 @@ class Overview {
     void make();
     std::vector<std::wstring> listed() const;
     void leave(std::optional<int> startIndex);
+    bool keepEditor(const std::wstring& path) const;
 
     Parts parts_;
     files::WindowsFileSystem fileSystem_;
     std::optional<overview::Overview> overview_;
     std::optional<edit::Editing> editing_;
+    std::optional<edit::Operations> operations_;
 };
 
 }  // namespace app

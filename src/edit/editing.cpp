@@ -72,7 +72,7 @@ MenuState Editing::stateOf(int index) const {
     MenuState state = menuStateOf(overview_.records(), index);
     state.storePresent = overview_.store().present();
     state.settingsShown = settings_.shown();
-    state.musicShown = overview_.form().musicShown();
+    state.musicShown = overview_.form().List1.visible();
     if (onStateAsked) {
         onStateAsked(state);
     }
@@ -82,9 +82,6 @@ MenuState Editing::stateOf(int index) const {
 void Editing::openMenu(int index, POINT screen) {
     if (blocks_ > 0) {
         return;
-    }
-    if (overview_.onEnlarge) {
-        provide(MenuCommand::Mvor, overview_.onEnlarge);
     }
     menu_.open(stateOf(index), index, screen);
 }
@@ -125,6 +122,7 @@ void Editing::end() {
         store_.stop();
         return;
     }
+    overview_.enlarged().close();
     end_.run();
 }
 

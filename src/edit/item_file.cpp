@@ -24,7 +24,8 @@ std::wstring faultOf(const overview::ThumbRecords& records, int index, const std
     if (!file) {
         return missingText(record.fileName);
     }
-    return files::sameFile(record.stamp, stampOf(file->facts)) ? std::wstring() : changedText(record.fileName);
+    return files::sameFile(record.stamp, stampOf(file->facts)) ? std::wstring()
+                                                               : changedText(record.fileName);
 }
 
 }  // namespace

@@ -17,6 +17,8 @@ constexpr ui::Twips kTonWidth = 1200;
 constexpr ui::Twips kCommandWidth = 600;
 constexpr ui::Twips kInfoWidth = 2400;
 constexpr ui::Twips kRowHeight = 420;
+constexpr ui::Twips kNoticeHeight = 900;
+constexpr float kNoticePoints = 13.0F;
 constexpr int kFreeOfMonitor = 40;  // a fortieth of the work area is left at each side
 
 CreateArgs shown(ui::Window& form, int id, const wchar_t* text = L"") {
@@ -29,6 +31,12 @@ CreateArgs hidden(ui::Window& form, int id, const wchar_t* text = L"") {
 
 CreateArgs passive(ui::Window& form, int id, const wchar_t* text = L"") {
     return {.parent = form, .id = id, .text = text, .visible = false};
+}
+
+CreateArgs noticeArgs(ui::Window& form) {
+    CreateArgs args = passive(form, ui::id::kNotice);
+    args.font.points = kNoticePoints;
+    return args;
 }
 
 /// In the row below the enlarged view, which places it; only its size counts.
@@ -59,6 +67,7 @@ Form2::Form2(ui::EventLoop& loop, const ui::Window& beside)
               ui::PushButton(ofRow(*this, ui::id::kCommand + 4, L"", kCommandWidth)),
               ui::PushButton(ofRow(*this, ui::id::kCommand + 5, L"", kInfoWidth))},
       Pic2(passive(*this, ui::id::kOverviewPic2)),
+      Notice(noticeArgs(*this)),
       Progress(passive(*this, ui::id::kProgress)),
       Timer1(loop),
       Timer2(loop) {
@@ -91,9 +100,21 @@ void Form2::layOut() {
     OK.move(places_.OK);
     CAN.move(places_.CAN);
     Pic2.move(places_.grid);
+    Notice.move({places_.grid.left + places_.grid.width / 4,
+                 places_.grid.top + places_.grid.height / 2 - kNoticeHeight / 2, places_.grid.width / 2,
+                 kNoticeHeight});
     Progress.move(places_.progress);
     if (onLaidOut) {
         onLaidOut();
+    }
+}
+
+void Form2::showNotice(const std::wstring& text) {
+    Notice.setText(text);
+    Notice.setVisible(!text.empty());
+    if (!text.empty()) {
+        Notice.toFront();
+        paintNow();
     }
 }
 

@@ -32,6 +32,8 @@ class Form2 : public ui::Form {
     std::function<void()> onLaidOut;
     /// How much of the thumbnails is there; all of them (or none wanted) hides the bar.
     void showProgress(int done, int all);
+    /// Says something in the middle of the thumbnails; the empty text takes it away.
+    void showNotice(const std::wstring& text);
     const Form2Layout& places() const { return places_; }
 
     GridPanel Grid;
@@ -43,6 +45,7 @@ class Form2 : public ui::Form {
     ui::CheckBox Ton;
     std::array<ui::PushButton, 6> Command;
     ui::PictureBox Pic2;
+    ui::Label Notice;
     ui::ProgressBar Progress;
     ui::Timer Timer1;
     ui::Timer Timer2;

@@ -89,7 +89,12 @@ void Overview::wire() {
             onMenu(index, screen);
         }
     };
-    drag_.onDropped = [this](int, int target) { selection_.select(target); };
+    drag_.onDropped = [this](int, int target) {
+        selection_.select(target);
+        if (onChanged) {
+            onChanged();
+        }
+    };
     form_.onDpi = [this] { view_.layOut(); };
 }
 
@@ -130,7 +135,20 @@ void Overview::open(const std::wstring& folder, const std::wstring& pattern) {
     form_.show();
     form_.Grid.setFocus();
     loop_.doEvents();
-    ThumbFolder read = readThumbFolder(folder, pattern);
+    pattern_ = pattern;
+    load(folder);
+}
+
+void Overview::reload() {
+    load(std::wstring(records_.folder));
+}
+
+void Overview::filesRenamed() {
+    store_ = ThumbnailStore(records_.folder, records_.folderNames, records_.folderWritable);
+}
+
+void Overview::load(const std::wstring& folder) {
+    ThumbFolder read = readThumbFolder(folder, pattern_);
     records_ = std::move(read.records);
     store_ = std::move(read.store);
     musicFiles_.load(folder);

@@ -57,10 +57,18 @@ class Overview {
     MusicList& music() { return music_; }
     const ui::clstt& tips() const { return tips_; }
 
+    /// Loads the same files anew.
+    void reload();
+    /// The files of the records have other names now, and so have their thumbnails in the store.
+    void filesRenamed();
+
+    /// The order of the items has changed.
+    std::function<void()> onChanged;
     /// The menu of an item is wanted; records().pressedIndex is that item already.
     std::function<void(int index, POINT screen)> onMenu;
 
   private:
+    void load(const std::wstring& folder);
     void setTip(HWND box, const std::wstring& text);
     void wire();
     void wireEnlarged();
@@ -68,6 +76,7 @@ class Overview {
 
     ui::EventLoop& loop_;
     std::function<std::vector<std::wstring>()> musicNames_;
+    std::wstring pattern_;
     ThumbRecords records_;
     ThumbnailStore store_;
     Form2 form_;

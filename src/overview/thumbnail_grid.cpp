@@ -303,6 +303,29 @@ void ThumbnailGrid::stop() {
     filling_.setEnabled(false);
 }
 
+void ThumbnailGrid::resume() {
+    making_.setEnabled(parts_.view.boxCount() < static_cast<int>(thumbs_.size()));
+    request();
+}
+
+void ThumbnailGrid::remove(const std::vector<int>& indices) {
+    // The boxes are made anew, as many as there are items left, and find the images that are there.
+    parts_.view.reset(0);
+    for (auto index = indices.rbegin(); index != indices.rend(); ++index) {
+        parts_.records.thumbRecords.erase(parts_.records.thumbRecords.begin() + *index);
+        thumbs_.erase(thumbs_.begin() + *index);
+    }
+    places_.resize(thumbs_.size());
+    done_ = 0;
+    for (int i = 0; i < static_cast<int>(thumbs_.size()); ++i) {
+        at(i).item = i;
+        places_[static_cast<std::size_t>(i)] = i;
+        done_ += at(i).filled ? 1 : 0;
+    }
+    parts_.view.reset(static_cast<int>(thumbs_.size()));
+    making_.setEnabled(true);
+}
+
 void ThumbnailGrid::reportProgress() {
     if (onProgress) {
         onProgress(done_, static_cast<int>(thumbs_.size()));

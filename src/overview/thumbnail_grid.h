@@ -58,8 +58,13 @@ class ThumbnailGrid {
     void tipChanged(int index);
     /// No film is opened for a thumbnail while another one plays under VIDEO.
     void pauseFilms(bool paused);
+    /// Takes items out, records, images and boxes, and closes the rest up. `indices` in rising order; all
+    /// work on files was stopped before.
+    void remove(const std::vector<int>& indices);
     /// Ends all work on files and waits for what has begun; the grid stays as it is.
     void stop();
+    /// Goes on with what stop() has ended.
+    void resume();
 
     /// So many items of all have been dealt with.
     std::function<void(int done, int all)> onProgress;

@@ -55,7 +55,8 @@ inline constexpr int kCAN = 1106;
 inline constexpr int kTon = 1107;
 inline constexpr int kProgress = 1108;
 inline constexpr int kCommand = 1110;  // Command(0) ... Command(5): 1110 to 1115
-inline constexpr int kGrid = 1116;     // what the thumbnails lie in
+inline constexpr int kNotice = 1117;
+inline constexpr int kGrid = 1116;  // what the thumbnails lie in
 
 // Form3
 inline constexpr int kEntryLabel1 = 1200;  // Label1 ... Label4: 1200 to 1203
