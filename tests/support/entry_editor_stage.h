@@ -40,8 +40,17 @@ class EntryEditorStage {
     void open(const std::wstring& entry) {
         record(0).entry = entry;
         editor->open(0);
-        // A window manager makes it the active window in its own time.
-        test.waitFor([this] { return form->UTT.hasFocus(); });
+        waitForFocus();
+    }
+    /// Whether the focus comes into the title. A window manager gives it in its own time, and to the window
+    /// shown before where that one was shown just before.
+    bool waitForFocus() {
+        return test.waitFor([this] {
+            if (GetForegroundWindow() != form->hwnd()) {
+                SetForegroundWindow(form->hwnd());
+            }
+            return form->UTT.hasFocus();
+        });
     }
     void accept() {
         form->OK.click();

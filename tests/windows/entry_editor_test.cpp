@@ -52,7 +52,7 @@ TEST_F(EntryEditorTest, OpensWithTheNumberOfTheItemAndTheCaretBehindTheTitle) {
     EXPECT_TRUE(stage.editor->isOpen());
     EXPECT_EQ(stage.caption(), L"   Untertitel/Pause/Musik  bearbeiten  (Bild 3)");
     EXPECT_TRUE(IsWindowEnabled(stage.test.form.hwnd())) << "it is not modal";
-    EXPECT_TRUE(stage.test.waitFor([&] { return form().UTT.hasFocus(); }));
+    EXPECT_TRUE(stage.waitForFocus());
     DWORD from = 0;
     DWORD to = 0;
     SendMessageW(form().UTT.hwnd(), EM_GETSEL, reinterpret_cast<WPARAM>(&from),
