@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "overview_run.h"
 #include "photographs.h"
 
 namespace bench {
@@ -41,6 +42,7 @@ struct Options {
     std::string only;
     std::string json;
     std::string photographs;
+    std::string overview;
     bool list = false;
 };
 
@@ -74,8 +76,10 @@ std::optional<Options> parse(int count, char** arguments) {
             options.list = true;
             continue;
         }
-        const std::map<std::string_view, std::string*> texts = {
-            {"--only", &options.only}, {"--json", &options.json}, {"--photographs", &options.photographs}};
+        const std::map<std::string_view, std::string*> texts = {{"--only", &options.only},
+                                                                {"--json", &options.json},
+                                                                {"--photographs", &options.photographs},
+                                                                {"--overview", &options.overview}};
         const auto text = texts.find(name);
         if (++i == count || text == texts.end()) {
             return std::nullopt;
@@ -104,6 +108,17 @@ int writePhotographs(const std::filesystem::path& folder) {
         return 0;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "the photographs cannot be written: %s\n", error.what());
+        return 1;
+    }
+}
+
+/// Prints how many seconds the overview takes until it shows all of a folder.
+int timeOverview(const std::filesystem::path& folder) {
+    try {
+        std::printf("%.3f\n", openOverview(folder.wstring()).filledMs / 1000);
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "the overview cannot be measured: %s\n", error.what());
         return 1;
     }
 }
@@ -173,11 +188,15 @@ int main(int count, char** arguments) {
     const auto options = bench::parse(count, arguments);
     if (!options) {
         std::fprintf(stderr,
-                     "panorell_bench [--only PREFIX] [--json FILE | --list] | --photographs FOLDER\n");
+                     "panorell_bench [--only PREFIX] [--json FILE | --list] | --photographs FOLDER | "
+                     "--overview FOLDER\n");
         return 2;
     }
     if (!options->photographs.empty()) {
         return bench::writePhotographs(options->photographs);
+    }
+    if (!options->overview.empty()) {
+        return bench::timeOverview(options->overview);
     }
     const int code = bench::runAll(*options);
     if (!bench::createdFolder().empty()) {

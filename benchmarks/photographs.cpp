@@ -3,8 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <functional>
+#include <vector>
 
 #include "bench_main.h"
+#include "overview/bitmap_file.h"
+#include "overview/store_rule.h"
 #include "support/jpeg_file.h"
 #include "support/picture_writer.h"
 
@@ -55,16 +59,46 @@ void writePhotograph(const std::wstring& path, Size size, const Mark& mark) {
     support::writeBytes(path, support::writeJpeg(size.width, size.height, {.quality = 92}, sample));
 }
 
-/// The first of each colour is written, the others are links to them.
-void writeMarkedFolder(const std::wstring& folder, int count, Size size, int markWidth) {
+/// Fills a folder with files 10000, 10001 ...: `write` makes the first kMarkCount ones, the others are links
+/// to them.
+void writeLinked(const std::wstring& folder, int count, const wchar_t* extension,
+                 const std::function<void(const std::wstring& path, int number)>& write) {
     std::filesystem::create_directories(folder);
-    const auto path = [&folder](int i) { return folder + L"\\" + std::to_wstring(10'000 + i) + L".jpg"; };
+    const auto path = [&](int i) { return folder + L"\\" + std::to_wstring(10'000 + i) + extension; };
     for (int i = 0; i < count; ++i) {
         if (i < kMarkCount) {
-            writePhotograph(path(i), size, {markWidth, kMarks[i]});
+            write(path(i), i);
         } else {
             std::filesystem::create_hard_link(path(i % kMarkCount), path(i));
         }
+    }
+}
+
+void writeMarkedFolder(const std::wstring& folder, int count, Size size, int markWidth) {
+    writeLinked(folder, count, L".jpg", [&](const std::wstring& path, int number) {
+        writePhotograph(path, size, {markWidth, kMarks[number]});
+    });
+}
+
+void writeCameraFolder(const std::wstring& folder, const CameraFolder& kind) {
+    constexpr Size kPicture = {4000, 3000};
+    constexpr Size kThumbnail = {160, 120};
+    writeLinked(folder, kind.count, L".jpg", [&](const std::wstring& path, int number) {
+        std::vector<std::uint8_t> thumbnail;
+        if (kind.thumbnails) {
+            writePhotograph(path, kThumbnail, {kThumbnail.width / 8, kMarks[number]});
+            thumbnail = support::readBytes(path);
+        }
+        writePhotograph(path, kPicture, {kPicture.width / 8, kMarks[number]});
+        support::insertSegment(path, support::cameraSegment(1, thumbnail));
+    });
+    if (kind.store) {
+        const std::wstring store = folder + L"\\" + overview::kStoreFolder;
+        writeLinked(store, kind.count, L".bmp", [&](const std::wstring& path, int number) {
+            picture::Pixels pixels(kThumbnail.width, kThumbnail.height);
+            std::fill(pixels.data.begin(), pixels.data.end(), kMarks[number]);
+            support::writeBytes(path, overview::encodeBitmap(pixels));
+        });
     }
 }
 
@@ -86,8 +120,17 @@ std::wstring markedFolder(int count) {
     return folder;
 }
 
+std::wstring cameraFolder(const CameraFolder& kind) {
+    const std::wstring folder = temporaryFolder() + L"\\camera" + std::to_wstring(kind.count) +
+                                (kind.thumbnails ? L"t" : L"") + (kind.store ? L"s" : L"");
+    if (!std::filesystem::exists(folder)) {
+        writeCameraFolder(folder, kind);
+    }
+    return folder;
+}
+
 void writePhotographsForPeers(const std::wstring& folder) {
-    constexpr int kLarge = 100;
+    constexpr int kLarge = 200;
     constexpr Size kSmall = {800, 600};
     writeMarkedFolder(folder + L"\\large", kLarge, sizeOf(kMarkedMegapixels), kMarkWidth);
     writeMarkedFolder(folder + L"\\small", kMarkCount, kSmall, kSmall.width / 2);

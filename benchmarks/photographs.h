@@ -18,7 +18,19 @@ inline constexpr int kMarkCount = 3;
 /// lives in temporaryFolder(). No backslash at its end.
 std::wstring markedFolder(int count);
 
-/// Writes into `folder` what ./bench peers shows by all programs: "large" is as markedFolder(100), "small"
+/// What a folder of a camera's pictures holds besides these.
+struct CameraFolder {
+    int count = 0;
+    bool thumbnails = false;  ///< the camera's own in each file: 160 x 120
+    bool store = false;       ///< a bitmap of 160 x 120 for each file in the overview's store
+};
+
+/// A folder of pictures of 12 megapixels (4000 x 3000) with a camera's notes: kMarkCount files of 4 MB, the
+/// others are links to them, which all read the same from the system's cache. Made on first use; lives in
+/// temporaryFolder(). No backslash at its end.
+std::wstring cameraFolder(const CameraFolder& kind);
+
+/// Writes into `folder` what ./bench peers shows by all programs: "large" is as markedFolder(200), "small"
 /// holds three pictures of 800 x 600 whose mark is the left half, because some programs enlarge them and some
 /// do not. Throws platform::Error or
 /// std::filesystem::filesystem_error where a file cannot be written.

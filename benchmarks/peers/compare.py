@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Shows the same photographs by Panorell and by common viewers, in turns, and prints what each takes as a table.
 
-compare.py PHOTOGRAPHS EXE WINE...: PHOTOGRAPHS is the folder that panorell_bench --photographs wrote, EXE is
-Panorell, WINE is the command that runs it. The screen is that of DISPLAY, 1920x1080; Wine's server has to run.
+compare.py PHOTOGRAPHS EXE BENCH WINE...: PHOTOGRAPHS is the folder that panorell_bench --photographs wrote, EXE is
+Panorell, BENCH is panorell_bench, WINE is the command that runs them. The screen is that of DISPLAY, 1920x1080; Wine's
+server has to run.
 """
 
 import contextlib
@@ -116,6 +117,13 @@ def measure_viewer(screen, viewer, photographs, environment):
     return figures
 
 
+def measure_overview(photographs, bench, wine):
+    """Seconds from the button in Panorell's set-up until its overview shows the whole folder."""
+    command = [*wine, bench, "--overview", viewers.windows_path(photographs / "large")]
+    result = subprocess.run(command, check=True, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, text=True)
+    return {"thumbnails": float(result.stdout)}
+
+
 def measure_thumbnails(photographs):
     """Seconds that vipsthumbnail takes for the folder."""
     with tempfile.TemporaryDirectory() as target:
@@ -129,7 +137,7 @@ def measure_thumbnails(photographs):
         return {"thumbnails": seconds}
 
 
-def measure(photographs, exe, wine, folder):
+def measure(photographs, exe, bench, wine, folder):
     """The medians of all rounds, by the programs' names."""
     screen = Screen()
     # The pointer would lie on the places that are looked at, or wake what a viewer shows while it moves.
@@ -141,21 +149,22 @@ def measure(photographs, exe, wine, folder):
         print(f"round {number} of {ROUNDS}" + (" (only warms up)" if number == 0 else ""), file=sys.stderr, flush=True)
         for program in programs:
             rounds[program.name].append(measure_viewer(screen, program, photographs, environment))
+        rounds["Panorell"][-1] |= measure_overview(photographs, bench, wine)
         rounds["vipsthumbnail"].append(measure_thumbnails(photographs))
     return {name: {figure: statistics.median(one[figure] for one in all_of_it[1:]) for figure in all_of_it[0]}
             for name, all_of_it in rounds.items()}
 
 
 def main():
-    if len(sys.argv) < 4:
+    if len(sys.argv) < 5:
         sys.exit(__doc__)
-    photographs, exe, *wine = sys.argv[1:]
+    photographs, exe, bench, *wine = sys.argv[1:]
     load = os.getloadavg()[0]
     # Another program with a window stays open, as where Wine is in use: otherwise Wine's desktop ends with each
     # program, and every start of Panorell would start it again.
     with tempfile.TemporaryDirectory() as folder, subprocess.Popen([*wine, "notepad"], **SILENT) as other:
         try:
-            medians = measure(pathlib.Path(photographs), exe, wine, pathlib.Path(folder))
+            medians = measure(pathlib.Path(photographs), exe, bench, wine, pathlib.Path(folder))
         finally:
             other.terminate()
     print(table.render(medians))

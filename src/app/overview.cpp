@@ -25,6 +25,8 @@ void Overview::open() {
     }
     form.hide();
     recoverFolder(parts_.loop, fileSystem_, folder, &form);
+    // The titles may have other names than when the set-up read them.
+    form.File2.refresh();
     form.File1.setWithHidden(true);
     overview_->open(folder, form.File1.pattern());
 }

@@ -43,6 +43,7 @@ void ThumbnailGrid::load() {
     for (int i = 0; i < count; ++i) {
         places_[static_cast<std::size_t>(i)] = i;
         at(i).item = i;
+        at(i).film = files::isVideoName(record(i).fileName);
         at(i).locked = record(i).locked;
     }
     done_ = 0;
@@ -66,10 +67,6 @@ void ThumbnailGrid::makeBoxes() {
 
 std::wstring ThumbnailGrid::pathOf(int index) const {
     return platform::joinPath(parts_.records.folder, record(index).fileName);
-}
-
-bool ThumbnailGrid::isFilm(int index) const {
-    return files::isVideoName(record(index).fileName);
 }
 
 bool ThumbnailGrid::wantsImage(int index, const GridLayout& layout) const {

@@ -73,6 +73,7 @@ class ThumbnailGrid {
     struct Thumb : BoxContent {
         int item = 0;         ///< stays with the item, wherever it lies
         int version = 0;      ///< counts how often the file was changed
+        bool film = false;    ///< asked for all items at every turn
         bool filled = false;  ///< dealt with at least once
     };
 
@@ -82,7 +83,7 @@ class ThumbnailGrid {
         return parts_.records.thumbRecords[static_cast<std::size_t>(index)];
     }
     std::wstring pathOf(int index) const;
-    bool isFilm(int index) const;
+    bool isFilm(int index) const { return at(index).film; }
     /// Whether an item has no image that is good enough for a layout.
     bool wantsImage(int index, const GridLayout& layout) const;
     ThumbnailJob jobFor(int index, const GridLayout& layout) const;

@@ -1,5 +1,6 @@
 // Changes a folder of pictures through the journal, or recovers it, and is killed on the way:
 //   journal_probe change FOLDER N     every "P*.jpg" gets the name of the next one, the last one the first's
+//   journal_probe music FOLDER N      the music gets its reverse order, every second title locked
 //   journal_probe recover FOLDER N
 // Before the N-th operation (from 0) that changes the disk the process ends at once, as if it was killed,
 // with exit code 9. Without one it ends with 0 when the change was done or the recovery left nothing to do,
@@ -8,10 +9,12 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "files/change_folder.h"
 #include "files/recovery.h"
 #include "files/windows_file_system.h"
+#include "media/music_renames.h"
 
 namespace {
 
@@ -73,6 +76,22 @@ files::ChangePlan ringOf(const files::FileSystem& fileSystem, const std::wstring
     return plan;
 }
 
+files::ChangePlan reversedMusic(const files::FileSystem& fileSystem, const std::wstring& folder) {
+    std::vector<media::OrderedTitle> titles;
+    for (const files::FolderEntry& entry : fileSystem.list(folder).value) {
+        if (entry.name.ends_with(L".mp3")) {
+            titles.push_back({entry.name, entry.stamp, true});
+        }
+    }
+    std::sort(titles.begin(), titles.end(),
+              [](const auto& one, const auto& other) { return one.fileName > other.fileName; });
+    for (std::size_t i = 1; i < titles.size(); i += 2) {
+        titles[i].plays = false;
+    }
+    const auto renames = media::musicRenames(folder, titles);
+    return renames ? renames->plan : files::ChangePlan();
+}
+
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR commandLine, int) {
@@ -83,8 +102,10 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR commandLine, int) {
     KilledFileSystem fileSystem(std::stoi(arguments.substr(last + 1)));
     const files::Waiting waiting{[] { return static_cast<double>(GetTickCount64()); },
                                  [](int ms) { Sleep(static_cast<DWORD>(ms)); }};
-    if (arguments.starts_with(L"change ")) {
-        const files::Outcome outcome = files::changeFolder(fileSystem, ringOf(fileSystem, folder), waiting);
+    const bool music = arguments.starts_with(L"music ");
+    if (music || arguments.starts_with(L"change ")) {
+        const files::ChangePlan plan = music ? reversedMusic(fileSystem, folder) : ringOf(fileSystem, folder);
+        const files::Outcome outcome = files::changeFolder(fileSystem, plan, waiting);
         return outcome.end == files::Outcome::End::Done ? 0 : 1;
     }
     const files::Recovery recovery = files::recoverFolder(fileSystem, folder, waiting);

@@ -26,6 +26,11 @@ class FakeMonitors : public platform::Monitors {
         return areaAt({place.left, place.top});
     }
     RECT areaAt(POINT place) const override { return second && place.x >= first.right ? *second : first; }
+    RECT workAreaOf(HWND window) const override {
+        RECT area = areaOf(window);
+        area.bottom -= taskBar;
+        return area;
+    }
     int primaryWidth() const override { return first.right - first.left; }
     int dpiOf(HWND window) const override {
         RECT place{};
@@ -36,6 +41,7 @@ class FakeMonitors : public platform::Monitors {
 
     RECT first{0, 0, 640, 480};
     std::optional<RECT> second;
+    int taskBar = 0;  ///< pixels at the lower edge of each
     /// Dots per inch of the monitors; 0: the system's.
     int dpi = 0;
     int secondDpi = 0;
