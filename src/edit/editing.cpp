@@ -48,6 +48,7 @@ Editing::~Editing() {
 }
 
 void Editing::provideOwn() {
+    provide(MenuCommand::Mvor, [this](int index) { overview_.enlarged().enlarge(index); });
     provide(MenuCommand::Msperr, [this](int index) { refuse(lock_.lock(index)); });
     provide(MenuCommand::Mfrei, [this](int index) {
         if (overview_.records().thumbRecords[static_cast<std::size_t>(index)].deleted) {

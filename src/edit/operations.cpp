@@ -19,7 +19,7 @@ Operations::Operations(const Parts& parts)
       dates_({parts.overview.records(), dialogue(),
               [this](int index) { parts_.overview.grid().tipChanged(index); }}),
       info_({parts.loop, parts.overview.records(), properties_,
-             [this] { return parts_.overview.form().hwnd(); }, dialogue()}),
+             [this] { return parts_.overview.form().hwnd(); }, dialogue(ui::MessageIcon::Information)}),
       external_({parts.loop, parts.overview.records(), parts.EditorPath, dialogue(), desk(), parts.keepPath}),
       save_({parts.loop, parts.fileSystem, bin_, parts.control, parts.overview.records(), saveDialog(),
              saveGrid()}) {
@@ -32,13 +32,13 @@ Operations::~Operations() {
     parts_.overview.onChanged = nullptr;
 }
 
-Dialogue Operations::dialogue() {
+Dialogue Operations::dialogue(ui::MessageIcon icon) {
     return {
         [this](const Question& question) {
             return ui::inputBox(&parts_.overview.form(), {question.title, question.prompt, question.text});
         },
-        [this](const std::wstring& text, const std::wstring& title) {
-            ui::messageBox(&parts_.overview.form(), text, title, ui::MessageIcon::Exclamation);
+        [this, icon](const std::wstring& text, const std::wstring& title) {
+            ui::messageBox(&parts_.overview.form(), text, title, icon);
         }};
 }
 
@@ -79,7 +79,6 @@ SaveGrid Operations::saveGrid() {
 
 void Operations::provide() {
     Editing& editing = parts_.editing;
-    editing.provide(MenuCommand::Mvor, [this](int index) { parts_.overview.enlarged().enlarge(index); });
     editing.provide(MenuCommand::Minf, [this](int index) { info_.show(index); });
     editing.provide(MenuCommand::Mdate, [this](int index) { dates_.change(index); });
     editing.provide(MenuCommand::Mauf, [this](int index) { external_.run(index); });
@@ -114,9 +113,12 @@ void Operations::redraw(int index) {
 }
 
 void Operations::removeItems(const std::vector<int>& indices) {
+    // The selected item stays selected; one that was deleted gives its place to the next.
+    const int selected = parts_.overview.records().pressedIndex;
+    const auto before = std::lower_bound(indices.begin(), indices.end(), selected) - indices.begin();
     parts_.overview.grid().remove(indices);
     const int last = parts_.overview.records().thumbCount() - 1;
-    parts_.overview.selection().select(std::min(indices.front(), last));
+    parts_.overview.selection().select(std::min(selected - static_cast<int>(before), last));
 }
 
 // What a save or the image program stopped goes on when it has ended.

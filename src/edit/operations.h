@@ -18,10 +18,11 @@
 #include "overview/overview.h"
 #include "platform/properties_dialog.h"
 #include "ui/event_loop.h"
+#include "ui/message_box.h"
 
 namespace edit {
 
-/// The operations of the overview's menu that have engines of their own: enlarging, entries, dates, file
+/// The operations of the overview's menu that have engines of their own: entries, dates, file
 /// information, the image program, music and saving. Makes them and puts them into the menu.
 class Operations {
   public:
@@ -49,7 +50,7 @@ class Operations {
     EntryEditor& entries() { return entries_; }
 
   private:
-    Dialogue dialogue();
+    Dialogue dialogue(ui::MessageIcon icon = ui::MessageIcon::Exclamation);
     ExternalEditor::Desk desk();
     SaveDialog saveDialog();
     SaveGrid saveGrid();

@@ -67,11 +67,11 @@ void EnlargedView::enlarge(int index) {
     showButtons(false);
     index_ = index;
     film_ = !files::isPictureName(pathOf(index));
-    parts_.enableThumbnails(false);
     place(film_);
     parts_.controls.Pic3.clear();
     parts_.controls.Pic3.show();
     parts_.controls.Pic3.toFront();
+    parts_.enableThumbnails(false);
     if (onShown) {
         onShown(index);
     }
@@ -103,10 +103,13 @@ void EnlargedView::close() {
     preview_.stop();
     filmOpen_ = false;
     showButtons(false);
-    parts_.controls.Pic3.hide();
-    parts_.controls.Pic3.drop();
     index_ = -1;
     parts_.enableThumbnails(true);
+    parts_.controls.Pic3.hide();
+    parts_.controls.Pic3.drop();
+    if (onPlaced) {
+        onPlaced({});
+    }
     if (onShown) {
         onShown(-1);
     }
@@ -145,6 +148,9 @@ void EnlargedView::place(bool film) {
         parts_.controls.Command[i]->move(layout.buttons[i]);
     }
     parts_.controls.Ton.move(layout.sound);
+    if (onPlaced) {
+        onPlaced({layout.box.left, layout.sound.top, layout.box.width, rowHeight_});
+    }
 }
 
 // A button that stands for nothing has no caption and is never shown.
@@ -153,8 +159,10 @@ void EnlargedView::showButtons(bool shown) {
         ui::PushButton& button = *parts_.controls.Command[i];
         const bool always = i == 0 || i + 1 == kPreviewButtons;
         button.setVisible(shown && (always || (film_ && !button.text().empty())));
+        button.toFront();
     }
     parts_.controls.Ton.setVisible(shown && film_);
+    parts_.controls.Ton.toFront();
     if (shown) {
         parts_.controls.Command[0]->setFocus();
     }

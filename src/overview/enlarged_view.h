@@ -44,6 +44,8 @@ class EnlargedView {
     /// Fits box, buttons and what is shown to the form's present size.
     void layOut();
 
+    /// The row of buttons lies there now; an empty place when there is none.
+    std::function<void(const ui::TwipsRect& row)> onPlaced;
     /// Another item is enlarged, or none any more (-1).
     std::function<void(int index)> onShown;
 

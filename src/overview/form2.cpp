@@ -1,6 +1,7 @@
 #include "overview/form2.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "overview/box_picture.h"
 #include "platform/monitors.h"
@@ -93,7 +94,7 @@ void Form2::layOut() {
     const SIZE size = clientSize();
     const bool music = List1.visible();
     places_ = layOutForm2(ui::toTwips(size.cx, dpi()), ui::toTwips(size.cy, dpi()), music);
-    setCards(music ? std::vector<ui::TwipsRect>{places_.card} : std::vector<ui::TwipsRect>{});
+    setGrounds();
     Grid.move(places_.grid);
     List1Caption.move(places_.caption);
     List1.move(places_.List1);
@@ -107,6 +108,22 @@ void Form2::layOut() {
     if (onLaidOut) {
         onLaidOut();
     }
+}
+
+void Form2::setRow(const ui::TwipsRect& row) {
+    row_ = row;
+    setGrounds();
+}
+
+void Form2::setGrounds() {
+    std::vector<ui::TwipsRect> cards;
+    if (List1.visible()) {
+        cards.push_back(places_.card);
+    }
+    if (row_.width > 0) {
+        cards.push_back(row_);
+    }
+    setCards(cards);
 }
 
 void Form2::showNotice(const std::wstring& text) {

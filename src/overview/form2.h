@@ -32,6 +32,8 @@ class Form2 : public ui::Form {
     std::function<void()> onLaidOut;
     /// How much of the thumbnails is there; all of them (or none wanted) hides the bar.
     void showProgress(int done, int all);
+    /// Where the buttons of an enlarged item lie, on a ground of their own; empty for none.
+    void setRow(const ui::TwipsRect& row);
     /// Says something in the middle of the thumbnails; the empty text takes it away.
     void showNotice(const std::wstring& text);
     const Form2Layout& places() const { return places_; }
@@ -56,7 +58,10 @@ class Form2 : public ui::Form {
     void onDpiChanged(int dpi, const RECT& suggested) override;
 
   private:
+    void setGrounds();
+
     Form2Layout places_;
+    ui::TwipsRect row_;
     bool made_ = false;
 };
 

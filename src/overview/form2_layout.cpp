@@ -12,7 +12,7 @@ constexpr Twips kMargin = 120;
 constexpr Twips kProgressHeight = 45;
 constexpr Twips kListWidth = 3600;
 constexpr Twips kPadding = 150;
-constexpr Twips kCaptionHeight = 720;
+constexpr Twips kCaptionHeight = 840;
 constexpr Twips kButtonWidth = 1350;
 constexpr Twips kButtonHeight = 420;
 

@@ -38,7 +38,11 @@ Overview::Overview(const Parts& parts)
                  records_,
                  [this] { return form_.places().grid; },
                  [this, colours = parts.colours] { return colours(form_.hwnd()); },
-                 [this](bool on) { form_.Grid.setEnabled(on); }}),
+                 // Hidden as well, so that nothing distracts from the picture.
+                 [this](bool on) {
+                     form_.Grid.setEnabled(on);
+                     form_.Grid.setVisible(on);
+                 }}),
       musicFiles_(parts.loop, parts.fileSystem),
       music_({form_.List1, form_.List1Caption, form_.OK, form_.CAN, form_.Timer2, parts.control, parts.music,
               [this](const std::wstring& folder, const std::vector<MusicEntry>& order) {
@@ -109,6 +113,7 @@ void Overview::wireEnlarged() {
             form_.Grid.setFocus();
         }
     };
+    enlarged_.onPlaced = [this](const ui::TwipsRect& row) { form_.setRow(row); };
     form_.onKey = [this](int key, bool) { return enlarged_.isOpen() && keyWhileEnlarged(key); };
     form_.onLaidOut = [this] { enlarged_.layOut(); };
 }

@@ -50,12 +50,24 @@ clstt::~clstt() {
     }
 }
 
+namespace {
+
+// Windows makes a tooltip a tool window by itself. Wine does not, so that its window manager would take a tip
+// for a window like any other and give it the keyboard.
+void neverActivated(HWND tip) {
+    const LONG_PTR style = GetWindowLongPtrW(tip, GWL_EXSTYLE);
+    SetWindowLongPtrW(tip, GWL_EXSTYLE, style | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE);
+}
+
+}  // namespace
+
 bool clstt::Create(HWND owner) {
     if (window_ == nullptr) {
         owner_ = owner;
         InitCommonControls();
         window_ = CreateWindowExA(0, TOOLTIPS_CLASSA, nullptr, TTS_ALWAYSTIP, 0, 0, 0, 0, owner, nullptr,
                                   GetModuleHandleW(nullptr), nullptr);
+        neverActivated(window_);
     }
     return window_ != nullptr;
 }

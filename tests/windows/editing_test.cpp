@@ -36,18 +36,19 @@ TEST(Editing, EnlargingAsksForTheItem) {
     stage.picturesOf({kBlue, kBlue});
     ASSERT_TRUE(stage.open());
     stage.choose(1, L"Bild vergrößern");
-    EXPECT_EQ(stage.enlargedIndex, 1);
+    EXPECT_EQ(stage.overview->enlarged().index(), 1);
 }
 
 TEST(Editing, OthersAddTheirPartOfTheState) {
     EditStage stage;
     stage.picturesOf({kBlue});
+    stage.titles = {L"01 Lied.mp3"};
     ASSERT_TRUE(stage.open());
     stage.editing->provide(MenuCommand::Mmusi, [](int) {});
     EXPECT_THAT(stage.choose(0), Contains(L" Musik bearbeiten"));
     stage.editing->onStateAsked = [](MenuState& state) { state.musicTitles = true; };
     EXPECT_THAT(stage.choose(0), Contains(L"Musik bearbeiten"));
-    stage.overview->form().showMusic(true);
+    stage.overview->music().show();
     EXPECT_THAT(stage.choose(0), Contains(L" Musik bearbeiten"));
 }
 

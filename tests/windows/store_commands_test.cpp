@@ -149,7 +149,7 @@ TEST(StoreCommands, MeanwhileNothingElseCanBeDone) {
     });
     stage.choose(0, L"Minibilder speichern");
     EXPECT_TRUE(tried);
-    EXPECT_EQ(stage.enlargedIndex, -1);
+    EXPECT_EQ(stage.overview->enlarged().index(), -1);
     EXPECT_TRUE(stage.exists(L"Mini\\d.bmp"));
 }
 
