@@ -6,6 +6,7 @@
 #include "overview/box_picture.h"
 #include "platform/monitors.h"
 #include "ui/control_ids.h"
+#include "ui/theme.h"
 
 namespace overview {
 
@@ -18,7 +19,7 @@ constexpr ui::Twips kTonWidth = 1200;
 constexpr ui::Twips kCommandWidth = 600;
 constexpr ui::Twips kInfoWidth = 2400;
 constexpr ui::Twips kRowHeight = 420;
-constexpr ui::Twips kNoticeHeight = 900;
+constexpr ui::Twips kNoticeHeight = 420;
 constexpr float kNoticePoints = 13.0F;
 constexpr int kFreeOfMonitor = 40;  // a fortieth of the work area is left at each side
 
@@ -68,11 +69,12 @@ Form2::Form2(ui::EventLoop& loop, const ui::Window& beside)
               ui::PushButton(ofRow(*this, ui::id::kCommand + 4, L"", kCommandWidth)),
               ui::PushButton(ofRow(*this, ui::id::kCommand + 5, L"", kInfoWidth))},
       Pic2(passive(*this, ui::id::kOverviewPic2)),
-      Notice(noticeArgs(*this)),
+      Notice(noticeArgs(*this), ui::Alignment::Centre),
       Progress(passive(*this, ui::id::kProgress)),
       Timer1(loop),
       Timer2(loop) {
     setBackground(kGroundColour);
+    Notice.setGround(ui::theme::kCard);
     Command[0].setToolTip(L"SCHLIESSEN");
     Command[1].setToolTip(L"ZURÜCK");
     Command[2].setToolTip(L"PAUSE");
