@@ -36,6 +36,11 @@ ThumbnailGrid::ThumbnailGrid(Parts parts)
 }
 
 void ThumbnailGrid::load() {
+    // Nothing that was asked for former items may come for the new ones, nor be asked for while they change.
+    stopped_ = true;
+    workers_.finish();
+    while (workers_.take()) {
+    }
     const int count = parts_.records.thumbCount();
     parts_.view.reset(0);
     thumbs_.assign(static_cast<std::size_t>(count), {});
@@ -48,6 +53,7 @@ void ThumbnailGrid::load() {
     }
     done_ = 0;
     parts_.view.reset(count);
+    stopped_ = false;
     making_.setEnabled(true);
 }
 
@@ -96,7 +102,7 @@ ThumbnailJob ThumbnailGrid::jobFor(int index, const GridLayout& layout) const {
 
 // What is seen comes first, then a screen more on either side of an enlarged grid, and then the rest, small.
 void ThumbnailGrid::request() {
-    if (making_.enabled()) {
+    if (making_.enabled() || stopped_) {
         return;
     }
     releaseOutOfView();
@@ -292,6 +298,7 @@ void ThumbnailGrid::pauseFilms(bool paused) {
 }
 
 void ThumbnailGrid::stop() {
+    stopped_ = true;
     making_.setEnabled(false);
     workers_.finish();
     while (const auto result = workers_.take()) {
@@ -301,6 +308,7 @@ void ThumbnailGrid::stop() {
 }
 
 void ThumbnailGrid::resume() {
+    stopped_ = false;
     making_.setEnabled(parts_.view.boxCount() < static_cast<int>(thumbs_.size()));
     request();
 }

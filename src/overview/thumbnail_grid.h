@@ -61,7 +61,8 @@ class ThumbnailGrid {
     /// Takes items out, records, images and boxes, and closes the rest up. `indices` in rising order; all
     /// work on files was stopped before.
     void remove(const std::vector<int>& indices);
-    /// Ends all work on files and waits for what has begun; the grid stays as it is.
+    /// Ends all work on files and waits for what has begun; the grid stays as it is, and reads nothing before
+    /// resume() or load().
     void stop();
     /// Goes on with what stop() has ended.
     void resume();
@@ -108,6 +109,7 @@ class ThumbnailGrid {
     int done_ = 0;
     bool stale_ = false;  ///< something under way was asked for at another size
     bool filmsPaused_ = false;
+    bool stopped_ = false;  ///< files may be renamed meanwhile: nothing is read
     ThumbnailWorkers workers_;
 };
 
