@@ -16,8 +16,8 @@ using testing::IsEmpty;
 
 testing::AssertionResult lists(const Panorell& panorell, const std::vector<std::wstring>& expected) {
     std::vector<std::wstring> seen;
-    const auto result = waitFor([&] { return (seen = panorell.at(id::kFile1).items()) == expected; },
-                                std::chrono::seconds(5), "list");
+    const auto result =
+        waitFor([&] { return (seen = panorell.at(id::kFile1).items()) == expected; }, kPatience, "list");
     return result ? result : testing::AssertionFailure() << "File1 lists " << testing::PrintToString(seen);
 }
 
@@ -105,8 +105,8 @@ TEST(SetUp, ThePauseTimeHasTwoViewsThatStayInStep) {
     for (const Case& c :
          {Case{L"12", L"12", 49}, Case{L"60", L"60", 1}, Case{L"75", L"60", 1}, Case{L"1", L"1", 60}}) {
         ASSERT_TRUE(panorell.retype(id::kIntT, c.typed));
-        EXPECT_TRUE(waitFor([&] { return panorell.at(id::kIntS).position() == c.position; },
-                            std::chrono::seconds(5), "the bar follows"))
+        EXPECT_TRUE(waitFor([&] { return panorell.at(id::kIntS).position() == c.position; }, kPatience,
+                            "the bar follows"))
             << testing::PrintToString(std::wstring(c.typed)) << " gives "
             << panorell.at(id::kIntS).position();
         EXPECT_EQ(panorell.at(id::kIntT).text(), c.text);
@@ -144,8 +144,7 @@ TEST(SetUp, KeepsTheSettingsOfEverySet) {
     const auto kept = [&](const wchar_t* set, const wchar_t* key) {
         return iniValue(panorell.settingsFile(), set, key);
     };
-    ASSERT_TRUE(
-        waitFor([&] { return kept(L"Set1", L"Effekte") == L"1"; }, std::chrono::seconds(5), "set 1 is kept"));
+    ASSERT_TRUE(waitFor([&] { return kept(L"Set1", L"Effekte") == L"1"; }, kPatience, "set 1 is kept"));
     EXPECT_EQ(kept(L"Set1", L"Dir"), folder.path());
     EXPECT_EQ(kept(L"Set1", L"Delay"), L"23");
     EXPECT_EQ(kept(L"Set1", L"Loop"), L"1");
@@ -155,16 +154,16 @@ TEST(SetUp, KeepsTheSettingsOfEverySet) {
     EXPECT_EQ(drive(kept(L"Set1", L"Drive")), L"C:");
 
     ASSERT_TRUE(panorell.clickOn(id::kOption1 + 2));
-    EXPECT_TRUE(waitFor([&] { return panorell.at(id::kIntT).text() == L"5"; }, std::chrono::seconds(5),
-                        "set 3 has the defaults"));
-    EXPECT_TRUE(waitFor([&] { return panorell.chosenSet() == 3; }, std::chrono::seconds(5), "button 3"));
+    EXPECT_TRUE(
+        waitFor([&] { return panorell.at(id::kIntT).text() == L"5"; }, kPatience, "set 3 has the defaults"));
+    EXPECT_TRUE(waitFor([&] { return panorell.chosenSet() == 3; }, kPatience, "button 3"));
     EXPECT_EQ(panorell.at(id::kLoopC).checkState(), 0);
     EXPECT_EQ(panorell.at(id::kMUTE).checkState(), 1);
     EXPECT_EQ(kept(L"Set3", L"Delay"), L"(missing)");
 
     ASSERT_TRUE(panorell.clickOn(id::kOption1));
-    EXPECT_TRUE(waitFor([&] { return panorell.at(id::kIntT).text() == L"23"; }, std::chrono::seconds(5),
-                        "set 1 comes back"));
+    EXPECT_TRUE(
+        waitFor([&] { return panorell.at(id::kIntT).text() == L"23"; }, kPatience, "set 1 comes back"));
     EXPECT_EQ(panorell.at(id::kIntS).position(), 38);
     EXPECT_EQ(panorell.at(id::kLoopC).checkState(), 1);
     EXPECT_EQ(panorell.at(id::kMUTE).checkState(), 0);
