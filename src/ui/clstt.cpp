@@ -54,9 +54,11 @@ namespace {
 
 // Windows makes a tooltip a tool window by itself. Wine does not, so that its window manager would take a tip
 // for a window like any other and give it the keyboard.
-void neverActivated(HWND tip) {
+void completeUnderWine(HWND tip) {
     const LONG_PTR style = GetWindowLongPtrW(tip, GWL_EXSTYLE);
-    SetWindowLongPtrW(tip, GWL_EXSTYLE, style | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE);
+    if (tip != nullptr && (style & WS_EX_TOOLWINDOW) == 0) {
+        SetWindowLongPtrW(tip, GWL_EXSTYLE, style | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE);
+    }
 }
 
 }  // namespace
@@ -67,7 +69,7 @@ bool clstt::Create(HWND owner) {
         InitCommonControls();
         window_ = CreateWindowExA(0, TOOLTIPS_CLASSA, nullptr, TTS_ALWAYSTIP, 0, 0, 0, 0, owner, nullptr,
                                   GetModuleHandleW(nullptr), nullptr);
-        neverActivated(window_);
+        completeUnderWine(window_);
     }
     return window_ != nullptr;
 }

@@ -56,6 +56,7 @@ class TooltipLog {
     std::vector<Sent> sent;
     std::vector<std::string> calls;
     CREATESTRUCTA created{};
+    DWORD ownStyle = 0;  ///< what the system gives its tooltips by itself
     std::string createdClass;
 
   private:
@@ -79,6 +80,7 @@ class TooltipLog {
         one->createdClass = name;
         one->created = {data,  instance, menu,   parent, height, width, y, x, static_cast<LONG>(style),
                         title, name,     exStyle};
+        exStyle |= one->ownStyle;
         return one->create_.original<decltype(createWindow)>()(exStyle, name, title, style, x, y, width,
                                                                height, parent, menu, instance, data);
     }
@@ -137,6 +139,18 @@ TEST_F(ClsttTest, CreateMakesOneTooltipWindow) {
     EXPECT_TRUE(tips.Create(button.hwnd()));
     EXPECT_EQ(tips.hWnd(), first);
     EXPECT_EQ(log.calls.size(), 2U);
+}
+
+// A window manager would take any other window for one that wants the keyboard.
+TEST_F(ClsttTest, TheWindowIsAToolWindowWhereverItIsMade) {
+    ASSERT_TRUE(tips.Create(test.form.hwnd()));
+    EXPECT_NE(GetWindowLongPtrW(tips.hWnd(), GWL_EXSTYLE) & WS_EX_TOOLWINDOW, 0);
+    log.ownStyle = WS_EX_TOOLWINDOW;
+    clstt others;
+    ASSERT_TRUE(others.Create(test.form.hwnd()));
+    EXPECT_EQ(GetWindowLongPtrW(others.hWnd(), GWL_EXSTYLE) & (WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE),
+              WS_EX_TOOLWINDOW)
+        << "what the system has made complete stays as it is";
 }
 
 TEST_F(ClsttTest, TheWindowEndsWithTheInstance) {

@@ -4,6 +4,7 @@
 #include "overview/thumb_folder.h"
 #include "support/app_stage.h"
 #include "support/leak_listener.h"
+#include "support/message_boxes.h"
 #include "support/overview_stage.h"
 
 namespace overview {
@@ -284,12 +285,21 @@ TEST(OverviewLoad, AnItemCostsNoHandleButItsWindow) {
     EXPECT_EQ(support::liveHandles(), many);
 }
 
-TEST(OverviewLoad, AtMostSoManyBoxesAsAProcessMayHave) {
-    const support::ScratchFolder folder;
+TEST(OverviewLoad, OfMoreItemsThanAProcessMayHaveWindowsTheRestIsLeftOutAndToldOf) {
+    OverviewStage stage;
     for (int i = 0; i < kMostThumbnails + 5; ++i) {
-        folder.file(std::to_wstring(i) + L".jpg", "");
+        stage.pictures.file(std::to_wstring(i) + L".jpg", "");
     }
-    EXPECT_EQ(readThumbFolder(folder.path(), L"*.jpg").records.thumbCount(), kMostThumbnails);
+    const support::MessageBoxes boxes;
+    stage.begin();
+    EXPECT_EQ(stage.overview->records().thumbCount(), kMostThumbnails);
+    ASSERT_EQ(boxes.seen().size(), 1U);
+    EXPECT_EQ(boxes.seen()[0].title, L"  Übersicht");
+    EXPECT_EQ(boxes.seen()[0].text,
+              L"Die Übersicht zeigt nur die ersten 8000 Bilder und Filme dieses Ordners; 5 fehlen.");
+    DeleteFileW((stage.pictures / L"0.jpg").c_str());
+    stage.overview->reload();
+    EXPECT_EQ(boxes.seen().size(), 1U) << "it was said";
 }
 
 TEST(OverviewLoad, RedrawShowsWhatTheFileIsNow) {
