@@ -17,7 +17,8 @@ namespace overview {
 namespace {
 
 constexpr int kBoxesPerTurn = 100;
-constexpr int kPollMs = 10;
+/// A look costs the system more than it costs this thread, and the threads that decode want the cores.
+constexpr int kPollMs = 30;
 /// How long a turn takes results, so that the window stays alive.
 constexpr double kMostMsPerTurn = 20;
 constexpr int kMostResultsPerTurn = 64;

@@ -56,7 +56,6 @@ class TooltipLog {
     std::vector<Sent> sent;
     std::vector<std::string> calls;
     CREATESTRUCTA created{};
-    DWORD ownStyle = 0;  ///< what the system gives its tooltips by itself
     std::string createdClass;
 
   private:
@@ -80,7 +79,6 @@ class TooltipLog {
         one->createdClass = name;
         one->created = {data,  instance, menu,   parent, height, width, y, x, static_cast<LONG>(style),
                         title, name,     exStyle};
-        exStyle |= one->ownStyle;
         return one->create_.original<decltype(createWindow)>()(exStyle, name, title, style, x, y, width,
                                                                height, parent, menu, instance, data);
     }
@@ -141,16 +139,27 @@ TEST_F(ClsttTest, CreateMakesOneTooltipWindow) {
     EXPECT_EQ(log.calls.size(), 2U);
 }
 
-// A window manager would take any other window for one that wants the keyboard.
-TEST_F(ClsttTest, TheWindowIsAToolWindowWhereverItIsMade) {
-    ASSERT_TRUE(tips.Create(test.form.hwnd()));
-    EXPECT_NE(GetWindowLongPtrW(tips.hWnd(), GWL_EXSTYLE) & WS_EX_TOOLWINDOW, 0);
-    log.ownStyle = WS_EX_TOOLWINDOW;
-    clstt others;
-    ASSERT_TRUE(others.Create(test.form.hwnd()));
-    EXPECT_EQ(GetWindowLongPtrW(others.hWnd(), GWL_EXSTYLE) & (WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE),
-              WS_EX_TOOLWINDOW)
-        << "what the system has made complete stays as it is";
+TEST_F(ClsttTest, ATipNeverTakesTheKeyboard) {
+    create();
+    ASSERT_TRUE(test.waitFor([&] { return GetForegroundWindow() == test.form.hwnd(); }));
+    tips.setDelayTime(TTDT_INITIAL, 1);
+    tips.AddTool(button.hwnd(), L"Text");
+    int looks = 0;
+    EXPECT_TRUE(test.waitFor([&] {
+        if (looks++ % 100 == 0) {
+            POINT place{20 + looks / 100 % 2, 20};
+            ClientToScreen(button.hwnd(), &place);
+            SetCursorPos(place.x, place.y);
+        }
+        return IsWindowVisible(tips.hWnd()) != FALSE;
+    }));
+    // A window manager takes its time.
+    for (int i = 0; i < 50; ++i) {
+        test.loop.doEvents();
+        Sleep(10);
+        ASSERT_EQ(GetForegroundWindow(), test.form.hwnd());
+    }
+    SetCursorPos(0, 0);
 }
 
 TEST_F(ClsttTest, TheWindowEndsWithTheInstance) {
