@@ -14,8 +14,10 @@ namespace {
 /// A colour that no frame of a film has throughout: what keeps it was not painted.
 constexpr std::uint32_t kUnpainted = 0x00030201;
 
-}  // namespace
+/// No film of the kinds that are shown has a longer side; a damaged head may tell anything.
+constexpr int kLongestSide = 4096;
 
+/// Width and height in the answer to "where", which is "x y width height"; 0 where there is none.
 SIZE sourceSize(const std::string& reply) {
     std::istringstream numbers(reply);
     int x = 0;
@@ -25,7 +27,17 @@ SIZE sourceSize(const std::string& reply) {
     return size;
 }
 
-picture::Surface unpaintedFrame(const SIZE& size) {
+bool isFilmSize(const SIZE& size) {
+    return size.cx > 0 && size.cy > 0 && size.cx <= kLongestSide && size.cy <= kLongestSide;
+}
+
+}  // namespace
+
+picture::Surface unpaintedFrame(MediaControl& control, const ui::PictureBox& box) {
+    SIZE size = sourceSize(control.send("where VIDEO source", kReplySize).text);
+    if (!isFilmSize(size)) {
+        size = box.clientSize();
+    }
     picture::Surface frame(size.cx, size.cy);
     frame.fill(RGB(kUnpainted >> 16, kUnpainted >> 8 & 0xFF, kUnpainted & 0xFF));
     return frame;

@@ -7,15 +7,16 @@
 
 #include "media/media_control.h"
 #include "picture/surface.h"
+#include "ui/picture_box.h"
 
 namespace media {
 
-/// Width and height in the answer to "where", which is "x y width height"; 0 where there is none.
-SIZE sourceSize(const std::string& reply);
+/// A surface for the frame of the film that is open under VIDEO: in the film's own size where the device
+/// tells one that a film can have, else in the size of its box; empty where that is nothing. Throws
+/// platform::Error when there is no memory for it.
+picture::Surface unpaintedFrame(MediaControl& control, const ui::PictureBox& box);
 
-/// A surface for a frame, of which isPainted() tells whether a device has painted it: some say so and paint
-/// nothing.
-picture::Surface unpaintedFrame(const SIZE& size);
+/// Whether a device has painted a frame that was unpainted: some say so and paint nothing.
 bool isPainted(const picture::Surface& frame);
 
 /// Has the device of an alias paint the frame on which it stands; false where it cannot.

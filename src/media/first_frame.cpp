@@ -1,25 +1,38 @@
 #include "media/first_frame.h"
 
 #include "media/film_frame.h"
-#include "media/media_text.h"
-#include "platform/short_path.h"
+#include "media/film_window.h"
 
 namespace media {
 
 namespace {
 
-void closeVideo(MediaControl& control) {
-    control.send("stop VIDEO");
-    control.send("close VIDEO");
-}
+/// Nothing is open under VIDEO before and after, however the looking ends.
+class ClosedVideo {
+  public:
+    explicit ClosedVideo(MediaControl& control) : control_(control) { close(); }
+    ~ClosedVideo() { close(); }
+    ClosedVideo(const ClosedVideo&) = delete;
+    ClosedVideo& operator=(const ClosedVideo&) = delete;
 
-std::optional<picture::Surface> frameOf(MediaControl& control, const ui::PictureBox& box,
-                                        const std::wstring& path) {
-    SIZE size = sourceSize(control.send("where VIDEO source", kReplySize).text);
-    if (size.cx <= 0 || size.cy <= 0) {
-        size = box.clientSize();
+  private:
+    void close() {
+        control_.send("stop VIDEO");
+        control_.send("close VIDEO");
     }
-    picture::Surface frame = unpaintedFrame(size);
+
+    MediaControl& control_;
+};
+
+}  // namespace
+
+std::optional<picture::Surface> firstFrame(MediaControl& control, const ui::PictureBox& box,
+                                           const std::wstring& path) {
+    const ClosedVideo closed(control);
+    if (openFilm(control, path, box).error != 0) {
+        return std::nullopt;
+    }
+    picture::Surface frame = unpaintedFrame(control, box);
     if (frame.empty()) {
         return std::nullopt;
     }
@@ -28,23 +41,6 @@ std::optional<picture::Surface> frameOf(MediaControl& control, const ui::Picture
         return frame;
     }
     return std::nullopt;
-}
-
-}  // namespace
-
-std::optional<picture::Surface> firstFrame(MediaControl& control, const ui::PictureBox& box,
-                                           const std::wstring& path) {
-    closeVideo(control);
-    const bool opened = control
-                            .send("open " + platform::shortPath(path) + " alias VIDEO parent " +
-                                  handleText(box.hwnd()) + " style child")
-                            .error == 0;
-    std::optional<picture::Surface> frame;
-    if (opened) {
-        frame = frameOf(control, box, path);
-    }
-    closeVideo(control);
-    return frame;
 }
 
 }  // namespace media

@@ -26,11 +26,7 @@ bool frameBefore(MediaControl& control, const std::wstring& path, const picture:
 
 std::optional<picture::Surface> lastFrame(MediaControl& control, const ui::PictureBox& box,
                                           const std::wstring& path) {
-    SIZE size = sourceSize(control.send("where VIDEO source", kReplySize).text);
-    if (size.cx <= 0 || size.cy <= 0) {
-        size = box.clientSize();
-    }
-    picture::Surface frame = unpaintedFrame(size);
+    picture::Surface frame = unpaintedFrame(control, box);
     if (frame.empty()) {
         return std::nullopt;
     }

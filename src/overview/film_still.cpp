@@ -1,6 +1,7 @@
 #include "overview/film_still.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "media/first_frame.h"
 #include "overview/box_picture.h"
@@ -35,9 +36,8 @@ HFONT markFont(int mostWidth, int dpi) {
     return font;
 }
 
-}  // namespace
-
-picture::Pixels markedAsFilm(const picture::Pixels& pixels, int dpi) {
+// The letters are large enough for a DPI and no wider than half of the pixels.
+picture::Pixels marked(const picture::Pixels& pixels, int dpi) {
     picture::Surface surface(pixels.width, pixels.height);
     surface.put(pixels);
     const HFONT font = markFont(pixels.width / 2, dpi);
@@ -50,13 +50,29 @@ picture::Pixels markedAsFilm(const picture::Pixels& pixels, int dpi) {
     return surface.pixels();
 }
 
-std::optional<picture::Pixels> filmStill(media::MediaControl& control, const ui::PictureBox& Pic2,
-                                         const std::wstring& path, int width, int height) {
-    const auto frame = media::firstFrame(control, Pic2, path);
-    if (!frame) {
-        return std::nullopt;
+picture::Pixels stillOf(const picture::Pixels& frame, const SIZE& size, int dpi) {
+    return marked(fitted(frame, static_cast<int>(size.cx), static_cast<int>(size.cy)), dpi);
+}
+
+}  // namespace
+
+ItemImages filmImages(media::MediaControl& control, const ui::PictureBox& Pic2, const std::wstring& path,
+                      const SIZE& cell, const SIZE& kept) {
+    ItemImages images;
+    try {
+        const auto frame = media::firstFrame(control, Pic2, path);
+        if (!frame) {
+            return {};
+        }
+        const picture::Pixels pixels = frame->pixels();
+        images.shown = stillOf(pixels, cell, Pic2.dpi());
+        images.kept =
+            kept.cx == cell.cx && kept.cy == cell.cy ? images.shown : stillOf(pixels, kept, Pic2.dpi());
+    } catch (const std::exception&) {
+        // Whatever a film does, the ones behind it are to be shown.
+        return {};
     }
-    return markedAsFilm(fitted(frame->pixels(), width, height), Pic2.dpi());
+    return images;
 }
 
 }  // namespace overview

@@ -15,9 +15,6 @@ namespace {
 using ui::CreateArgs;
 
 constexpr wchar_t kCaption[] = L"Reihenfolge ändern: Ziehen\r\nTitel sperren: Klick\r\nAnhören: Doppelklick";
-constexpr ui::Twips kTonWidth = 1200;
-constexpr ui::Twips kCommandWidth = 600;
-constexpr ui::Twips kInfoWidth = 2400;
 constexpr ui::Twips kRowHeight = 420;
 constexpr ui::Twips kNoticeHeight = 420;
 constexpr float kNoticePoints = 13.0F;
@@ -138,16 +135,32 @@ void Form2::showNotice(const std::wstring& text) {
 }
 
 void Form2::showProgress(int done, int all) {
-    Progress.setVisible(done < all);
-    Progress.setMaximum(std::max(1, all));
-    Progress.setValue(done);
+    // Each of them paints the bar anew.
+    if (Progress.visible() != (done < all)) {
+        Progress.setVisible(done < all);
+    }
+    if (Progress.maximum() != std::max(1, all)) {
+        Progress.setMaximum(std::max(1, all));
+    }
+    if (Progress.value() != done) {
+        Progress.setValue(done);
+    }
+}
+
+// The monitor may have less room than that.
+POINT Form2::smallestSize() const {
+    RECT size{0, 0, ui::toPixels(kForm2SmallestWidth, dpi()), ui::toPixels(kForm2SmallestHeight, dpi())};
+    AdjustWindowRectExForDpi(&size, static_cast<DWORD>(GetWindowLongPtrW(hwnd(), GWL_STYLE)), FALSE,
+                             static_cast<DWORD>(GetWindowLongPtrW(hwnd(), GWL_EXSTYLE)),
+                             static_cast<UINT>(dpi()));
+    const RECT work = platform::Monitors::current().workAreaOf(hwnd());
+    return {std::min(size.right - size.left, work.right - work.left),
+            std::min(size.bottom - size.top, work.bottom - work.top)};
 }
 
 bool Form2::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
     if (message == WM_GETMINMAXINFO) {
-        auto& limits = *reinterpret_cast<MINMAXINFO*>(l);
-        limits.ptMinTrackSize = {ui::toPixels(kForm2SmallestWidth, dpi()),
-                                 ui::toPixels(kForm2SmallestHeight, dpi())};
+        reinterpret_cast<MINMAXINFO*>(l)->ptMinTrackSize = smallestSize();
         result = 0;
         return true;
     }

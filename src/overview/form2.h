@@ -59,6 +59,8 @@ class Form2 : public ui::Form {
 
   private:
     void setGrounds();
+    /// The least that a user can make of the window, in pixels.
+    POINT smallestSize() const;
 
     Form2Layout places_;
     ui::TwipsRect row_;

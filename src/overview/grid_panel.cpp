@@ -7,6 +7,12 @@
 
 namespace overview {
 
+namespace {
+
+constexpr LPARAM kFromKeyboard = -1;
+
+}  // namespace
+
 GridPanel::GridPanel(const ui::CreateArgs& args) : Control(args) {
     disconnect();
     create(styleFor(args, L"PanorellGrid", WS_CLIPCHILDREN));
@@ -52,7 +58,7 @@ void GridPanel::onPaint(HDC dc, const RECT& area) {
     FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
 
-bool GridPanel::onMessage(UINT message, WPARAM w, LPARAM, LRESULT& result) {
+bool GridPanel::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
     result = 0;
     switch (message) {
         case WM_VSCROLL:
@@ -62,7 +68,10 @@ bool GridPanel::onMessage(UINT message, WPARAM w, LPARAM, LRESULT& result) {
             turned(GET_WHEEL_DELTA_WPARAM(w), (LOWORD(w) & MK_CONTROL) != 0);
             return true;
         case WM_CONTEXTMENU:
-            onMenuKey();
+            // A click of the right button on the ground tells its place, and belongs to no item.
+            if (l == kFromKeyboard) {
+                onMenuKey();
+            }
             return true;
         case WM_CAPTURECHANGED:
             onCaptureLost();

@@ -15,6 +15,12 @@ constexpr int kTipWidth = 240;
 /// How long a tip stays up.
 constexpr int kTipMs = 10000;
 constexpr const wchar_t* kMusicTitle = L"  Musik";
+constexpr const wchar_t* kTooManyTitle = L"  Übersicht";
+
+std::wstring tooManyText(int leftOut) {
+    return L"Die Übersicht zeigt nur die ersten " + std::to_wstring(kMostThumbnails) +
+           L" Bilder und Filme dieses Ordners; " + std::to_wstring(leftOut) + L" fehlen.";
+}
 
 }  // namespace
 
@@ -66,10 +72,15 @@ Overview::~Overview() {
     form_.onLaidOut = nullptr;
 }
 
-// A tool that is there already is made anew: its window may be another one with the same handle.
 void Overview::setTip(HWND box, const std::wstring& text) {
-    tips_.RemoveTool(box);
-    tips_.AddTool(box, text);
+    const bool attached = !tips_.ToolText(box).empty();
+    if (!attached) {
+        tips_.AddTool(box, text);
+    } else if (text.empty()) {
+        tips_.RemoveTool(box);
+    } else {
+        tips_.setToolText(box, text);
+    }
 }
 
 void Overview::wire() {
@@ -141,7 +152,10 @@ void Overview::open(const std::wstring& folder, const std::wstring& pattern) {
     form_.Grid.setFocus();
     loop_.doEvents();
     pattern_ = pattern;
-    load(folder);
+    const int leftOut = load(folder);
+    if (leftOut > 0) {
+        ui::messageBox(&form_, tooManyText(leftOut), kTooManyTitle, ui::MessageIcon::Information);
+    }
 }
 
 void Overview::reload() {
@@ -152,13 +166,14 @@ void Overview::filesRenamed() {
     store_ = ThumbnailStore(records_.folder, records_.folderNames, records_.folderWritable);
 }
 
-void Overview::load(const std::wstring& folder) {
+int Overview::load(const std::wstring& folder) {
     ThumbFolder read = readThumbFolder(folder, pattern_);
     records_ = std::move(read.records);
     store_ = std::move(read.store);
     musicFiles_.load(folder);
     music_.load(musicNames_(), records_.folderWritable);
     grid_.load();
+    return read.leftOut;
 }
 
 }  // namespace overview

@@ -68,7 +68,8 @@ class Overview {
     std::function<void(int index, POINT screen)> onMenu;
 
   private:
-    void load(const std::wstring& folder);
+    /// How many files of the folder were too many.
+    int load(const std::wstring& folder);
     void setTip(HWND box, const std::wstring& text);
     void wire();
     void wireEnlarged();

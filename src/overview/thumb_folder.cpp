@@ -79,6 +79,8 @@ ThumbFolder readThumbFolder(const std::wstring& folder, const std::wstring& patt
     for (const std::wstring& name : shown) {
         if (read.records.thumbCount() < kMostThumbnails) {
             read.records.thumbRecords.push_back(recordOf(*byName[name], entries));
+        } else {
+            ++read.leftOut;
         }
     }
     read.records.folderNames = allNames;

@@ -15,6 +15,7 @@ inline constexpr int kMostThumbnails = 8000;
 struct ThumbFolder {
     ThumbRecords records;
     ThumbnailStore store;
+    int leftOut = 0;  ///< files that match as well, but are too many
 };
 
 /// Reads a folder, its store and its script, each of them once: the files that match `pattern`, hidden ones

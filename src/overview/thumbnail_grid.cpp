@@ -17,7 +17,8 @@ namespace overview {
 namespace {
 
 constexpr int kBoxesPerTurn = 100;
-constexpr int kPollMs = 10;
+/// A look costs the system more than it costs this thread, and the threads that decode want the cores.
+constexpr int kPollMs = 30;
 /// How long a turn takes results, so that the window stays alive.
 constexpr double kMostMsPerTurn = 20;
 constexpr int kMostResultsPerTurn = 64;
@@ -25,6 +26,10 @@ constexpr int kMostResultsPerTurn = 64;
 constexpr int kGrown = 5;
 constexpr int kBefore = 4;
 constexpr int kShrunk = 2;
+
+SIZE imageSize(const GridLayout& layout) {
+    return {layout.imageWidth(), layout.imageHeight()};
+}
 
 }  // namespace
 
@@ -42,7 +47,7 @@ void ThumbnailGrid::load() {
     while (workers_.take()) {
     }
     const int count = parts_.records.thumbCount();
-    parts_.view.reset(0);
+    dropBoxes();
     thumbs_.assign(static_cast<std::size_t>(count), {});
     places_.resize(thumbs_.size());
     for (int i = 0; i < count; ++i) {
@@ -55,6 +60,16 @@ void ThumbnailGrid::load() {
     parts_.view.reset(count);
     stopped_ = false;
     making_.setEnabled(true);
+    request();
+}
+
+// A window may get the handle of one that is gone, and with it the tip. The last tip is found last, but
+// taking it away moves no other.
+void ThumbnailGrid::dropBoxes() {
+    for (int i = parts_.view.boxCount() - 1; i >= 0; --i) {
+        parts_.setTip(parts_.view.box(i)->hwnd(), {});
+    }
+    parts_.view.reset(0);
 }
 
 void ThumbnailGrid::makeBoxes() {
@@ -67,12 +82,16 @@ void ThumbnailGrid::makeBoxes() {
     if (!more) {
         making_.setEnabled(false);
         reportProgress();
-        request();
+        filling_.setEnabled(!stopped_);
     }
 }
 
 std::wstring ThumbnailGrid::pathOf(int index) const {
     return platform::joinPath(parts_.records.folder, record(index).fileName);
+}
+
+GridLayout ThumbnailGrid::layoutFor(int index) const {
+    return parts_.view.inView(1).holds(index) ? parts_.view.layout() : parts_.view.fittingLayout();
 }
 
 bool ThumbnailGrid::wantsImage(int index, const GridLayout& layout) const {
@@ -102,7 +121,7 @@ ThumbnailJob ThumbnailGrid::jobFor(int index, const GridLayout& layout) const {
 
 // What is seen comes first, then a screen more on either side of an enlarged grid, and then the rest, small.
 void ThumbnailGrid::request() {
-    if (making_.enabled() || stopped_) {
+    if (stopped_) {
         return;
     }
     releaseOutOfView();
@@ -127,7 +146,8 @@ void ThumbnailGrid::request() {
     std::move(jobs[1].begin(), jobs[1].end(), std::back_inserter(jobs[0]));
     std::move(jobs[2].begin(), jobs[2].end(), std::back_inserter(jobs[0]));
     workers_.setJobs(std::move(jobs[0]));
-    filling_.setEnabled(true);
+    // What is made before its box waits: all boxes come with their tips before the first image.
+    filling_.setEnabled(!making_.enabled());
 }
 
 // Images are kept as small as they are needed: those out of view as when all items are shown.
@@ -144,8 +164,8 @@ void ThumbnailGrid::releaseOutOfView() {
 }
 
 void ThumbnailGrid::fill() {
-    const bool filmDone = fillFilm();
     const bool took = takeResults();
+    const bool filmDone = fillFilm();
     if (took || filmDone) {
         reportProgress();
     }
@@ -195,7 +215,7 @@ void ThumbnailGrid::setImage(int index, std::optional<picture::Pixels> image) {
         thumb.image = std::move(*image);
         thumb.failed.clear();
     } else {
-        const GridLayout& layout = parts_.view.layout();
+        const GridLayout layout = layoutFor(index);
         thumb.image = picture::Pixels(layout.imageWidth(), layout.imageHeight());
         thumb.failed = record(index).fileName;
     }
@@ -230,32 +250,42 @@ bool ThumbnailGrid::fillFilm() {
 
 void ThumbnailGrid::showFilm(int index) {
     const bool first = !at(index).filled;
-    const GridLayout& layout = parts_.view.layout();
-    auto still =
-        filmStill(parts_.control, parts_.Pic2, pathOf(index), layout.imageWidth(), layout.imageHeight());
-    if (still && first) {
-        parts_.store.save(record(index).fileName, *still);
+    ItemImages images = imagesOfFilm(index);
+    if (images.kept && first) {
+        parts_.store.save(record(index).fileName, *images.kept);
     }
-    setImage(index, std::move(still));
+    setImage(index, std::move(images.shown));
+}
+
+ItemImages ThumbnailGrid::imagesOfFilm(int index) {
+    return filmImages(parts_.control, parts_.Pic2, pathOf(index), imageSize(layoutFor(index)),
+                      imageSize(parts_.view.fittingLayout()));
+}
+
+ItemImages ThumbnailGrid::imagesOfPicture(int index) const {
+    const SIZE cell = imageSize(layoutFor(index));
+    const SIZE kept = imageSize(parts_.view.fittingLayout());
+    ThumbnailJob job;
+    job.path = pathOf(index);
+    job.width = static_cast<int>(cell.cx);
+    job.height = static_cast<int>(cell.cy);
+    ItemImages images{makeThumbnail(job), std::nullopt};
+    images.kept = images.shown;
+    if (images.kept && (kept.cx != cell.cx || kept.cy != cell.cy)) {
+        images.kept = scaledTo(*images.shown, static_cast<int>(kept.cx), static_cast<int>(kept.cy));
+    }
+    job.colours = parts_.colours();
+    if (job.colours) {
+        images.shown = makeThumbnail(job);
+    }
+    return images;
 }
 
 std::optional<picture::Pixels> ThumbnailGrid::redraw(int index) {
     ++at(index).version;
-    const GridLayout& layout = parts_.view.layout();
-    if (isFilm(index)) {
-        auto still =
-            filmStill(parts_.control, parts_.Pic2, pathOf(index), layout.imageWidth(), layout.imageHeight());
-        setImage(index, still);
-        return still;
-    }
-    ThumbnailJob job;
-    job.path = pathOf(index);
-    job.width = layout.imageWidth();
-    job.height = layout.imageHeight();
-    auto plain = makeThumbnail(job);
-    job.colours = parts_.colours();
-    setImage(index, job.colours ? makeThumbnail(job) : plain);
-    return plain;
+    ItemImages images = isFilm(index) ? imagesOfFilm(index) : imagesOfPicture(index);
+    setImage(index, std::move(images.shown));
+    return std::move(images.kept);
 }
 
 void ThumbnailGrid::repaint(int index) {
@@ -315,7 +345,7 @@ void ThumbnailGrid::resume() {
 
 void ThumbnailGrid::remove(const std::vector<int>& indices) {
     // The boxes are made anew, as many as there are items left, and find the images that are there.
-    parts_.view.reset(0);
+    dropBoxes();
     for (auto index = indices.rbegin(); index != indices.rend(); ++index) {
         parts_.records.thumbRecords.erase(parts_.records.thumbRecords.begin() + *index);
         thumbs_.erase(thumbs_.begin() + *index);

@@ -7,6 +7,7 @@
 
 #include "media/media_control.h"
 #include "overview/grid_view.h"
+#include "overview/item_images.h"
 #include "overview/thumb_record.h"
 #include "overview/thumbnail_store.h"
 #include "overview/thumbnail_workers.h"
@@ -48,7 +49,7 @@ class ThumbnailGrid {
     /// Puts the item at `source` in the place of the one at `target`: record, image and tip.
     void move(int source, int target);
     /// Makes an item's thumbnail anew from its file, now, and shows it; the answer is what may be kept in the
-    /// store. None where the file cannot be shown.
+    /// store (as ItemImages tells). None where the file cannot be shown.
     std::optional<picture::Pixels> redraw(int index);
     /// The lock of a record has changed: its mark comes or goes.
     void lockChanged(int index);
@@ -87,7 +88,10 @@ class ThumbnailGrid {
     bool isFilm(int index) const { return at(index).film; }
     /// Whether an item has no image that is good enough for a layout.
     bool wantsImage(int index, const GridLayout& layout) const;
+    /// The layout that an item's image is made for: of an enlarged grid only near what is seen.
+    GridLayout layoutFor(int index) const;
     ThumbnailJob jobFor(int index, const GridLayout& layout) const;
+    void dropBoxes();
     void makeBoxes();
     void request();
     void releaseOutOfView();
@@ -97,6 +101,8 @@ class ThumbnailGrid {
     bool fillFilm();
     std::optional<int> nextFilm() const;
     void showFilm(int index);
+    ItemImages imagesOfFilm(int index);
+    ItemImages imagesOfPicture(int index) const;
     void setImage(int index, std::optional<picture::Pixels> image);
     void repaint(int index);
     void reportProgress();

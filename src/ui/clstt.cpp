@@ -7,6 +7,7 @@
 
 #include "platform/code_page.h"
 #include "platform/records.h"
+#include "platform/wine.h"
 
 namespace ui {
 
@@ -52,11 +53,13 @@ clstt::~clstt() {
 
 namespace {
 
-// Windows makes a tooltip a tool window by itself. Wine does not, so that its window manager would take a tip
-// for a window like any other and give it the keyboard.
-void neverActivated(HWND tip) {
-    const LONG_PTR style = GetWindowLongPtrW(tip, GWL_EXSTYLE);
-    SetWindowLongPtrW(tip, GWL_EXSTYLE, style | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE);
+// On Windows nothing ever gives a tip the keyboard. Under Wine the window manager takes it for a window like
+// any other and does so, unless its style says that it is none.
+void keepInactiveUnderWine(HWND tip) {
+    if (tip != nullptr && platform::runsUnderWine()) {
+        const LONG_PTR style = GetWindowLongPtrW(tip, GWL_EXSTYLE);
+        SetWindowLongPtrW(tip, GWL_EXSTYLE, style | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE);
+    }
 }
 
 }  // namespace
@@ -67,7 +70,7 @@ bool clstt::Create(HWND owner) {
         InitCommonControls();
         window_ = CreateWindowExA(0, TOOLTIPS_CLASSA, nullptr, TTS_ALWAYSTIP, 0, 0, 0, 0, owner, nullptr,
                                   GetModuleHandleW(nullptr), nullptr);
-        neverActivated(window_);
+        keepInactiveUnderWine(window_);
     }
     return window_ != nullptr;
 }

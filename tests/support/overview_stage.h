@@ -56,7 +56,8 @@ class OverviewStage {
     }
 
     /// Begins to load, as far as it gets in one turn.
-    void begin(const std::wstring& pattern = L"*.jpg;*.mpg") {
+    void begin(const std::wstring& pattern = L"*.jpg;*.mpg") { begin(pattern, pictures.path()); }
+    void begin(const std::wstring& pattern, const std::wstring& folder) {
         overview.emplace(overview::Overview::Parts{loop, control, beside, fileSystem, music,
                                                    [](HWND) { return picture::ColourTarget(); },
                                                    [this] { return titles; }});
@@ -64,7 +65,7 @@ class OverviewStage {
             menuIndex = index;
             menuPlace = place;
         };
-        overview->open(pictures.path(), pattern);
+        overview->open(folder, pattern);
     }
     /// Loads until nothing is left to do.
     bool open(const std::wstring& pattern = L"*.jpg;*.mpg") {

@@ -139,6 +139,29 @@ TEST_F(ClsttTest, CreateMakesOneTooltipWindow) {
     EXPECT_EQ(log.calls.size(), 2U);
 }
 
+TEST_F(ClsttTest, ATipNeverTakesTheKeyboard) {
+    create();
+    ASSERT_TRUE(test.waitFor([&] { return GetForegroundWindow() == test.form.hwnd(); }));
+    tips.setDelayTime(TTDT_INITIAL, 1);
+    tips.AddTool(button.hwnd(), L"Text");
+    int looks = 0;
+    EXPECT_TRUE(test.waitFor([&] {
+        if (looks++ % 100 == 0) {
+            POINT place{20 + looks / 100 % 2, 20};
+            ClientToScreen(button.hwnd(), &place);
+            SetCursorPos(place.x, place.y);
+        }
+        return IsWindowVisible(tips.hWnd()) != FALSE;
+    }));
+    // A window manager takes its time.
+    for (int i = 0; i < 50; ++i) {
+        test.loop.doEvents();
+        Sleep(10);
+        ASSERT_EQ(GetForegroundWindow(), test.form.hwnd());
+    }
+    SetCursorPos(0, 0);
+}
+
 TEST_F(ClsttTest, TheWindowEndsWithTheInstance) {
     auto brief = std::make_unique<clstt>();
     ASSERT_TRUE(brief->Create(test.form.hwnd()));

@@ -4,6 +4,8 @@
 #include "overview/thumb_folder.h"
 #include "support/app_stage.h"
 #include "support/leak_listener.h"
+#include "support/many_files.h"
+#include "support/message_boxes.h"
 #include "support/overview_stage.h"
 
 namespace overview {
@@ -284,12 +286,18 @@ TEST(OverviewLoad, AnItemCostsNoHandleButItsWindow) {
     EXPECT_EQ(support::liveHandles(), many);
 }
 
-TEST(OverviewLoad, AtMostSoManyBoxesAsAProcessMayHave) {
-    const support::ScratchFolder folder;
-    for (int i = 0; i < kMostThumbnails + 5; ++i) {
-        folder.file(std::to_wstring(i) + L".jpg", "");
-    }
-    EXPECT_EQ(readThumbFolder(folder.path(), L"*.jpg").records.thumbCount(), kMostThumbnails);
+TEST(OverviewLoad, OfMoreItemsThanAProcessMayHaveWindowsTheRestIsLeftOutAndToldOf) {
+    const support::ManyFiles many;
+    OverviewStage stage;
+    const support::MessageBoxes boxes;
+    stage.begin(L"*.jpg", many.path());
+    EXPECT_EQ(stage.overview->records().thumbCount(), kMostThumbnails);
+    ASSERT_EQ(boxes.seen().size(), 1U);
+    EXPECT_EQ(boxes.seen()[0].title, L"  Übersicht");
+    EXPECT_EQ(boxes.seen()[0].text,
+              L"Die Übersicht zeigt nur die ersten 8000 Bilder und Filme dieses Ordners; 2000 fehlen.");
+    stage.overview->reload();
+    EXPECT_EQ(boxes.seen().size(), 1U) << "it was said";
 }
 
 TEST(OverviewLoad, RedrawShowsWhatTheFileIsNow) {

@@ -80,6 +80,20 @@ TEST_F(OverviewOrderTest, TipsFollowTheirItems) {
     EXPECT_EQ(shown(4), L"tip 4");
 }
 
+TEST_F(OverviewOrderTest, TipsEndWithTheirBoxes) {
+    const ui::clstt& attached = stage.overview->tips();
+    ASSERT_EQ(attached.ToolCount(), 6);
+    stage.overview->reload();
+    ASSERT_TRUE(stage.loaded());
+    EXPECT_EQ(attached.ToolCount(), 6);
+    stage.overview->grid().stop();
+    stage.overview->grid().remove({0, 1});
+    stage.overview->grid().resume();
+    ASSERT_TRUE(stage.loaded());
+    EXPECT_EQ(attached.ToolCount(), 4);
+    EXPECT_EQ(attached.ToolText(stage.box(0)), stage.record(0).toolTip);
+}
+
 TEST_F(OverviewOrderTest, ADropOnItselfOrOutsideChangesNothing) {
     stage.drag(2, 2);
     EXPECT_TRUE(untouched());
