@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "edit/item_file.h"
+#include "platform/directory.h"
 #include "support/app_stage.h"
 #include "support/edit_stage.h"
 
@@ -169,6 +170,27 @@ TEST(PictureLock, ItsOwnChangesAreNoneOfAnotherProgram) {
         EXPECT_FALSE(stage.record(1).locked);
     }
     EXPECT_NE(stage.record(1).stamp.number, 0U) << "the file is known by its number from now on";
+}
+
+// A folder may lie deeper than a path of the old kind reaches.
+TEST(PictureLock, APathMayBeLong) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue});
+    ASSERT_TRUE(stage.open());
+    const std::wstring deep = stage.pictures / std::wstring(120, L'x');
+    const std::wstring deeper = platform::unlimitedPath(deep + L"\\" + std::wstring(160, L'y'));
+    CreateDirectoryW(deep.c_str(), nullptr);
+    ASSERT_TRUE(CreateDirectoryW(deeper.c_str(), nullptr));
+    const std::wstring path = deeper + L"\\b.jpg";
+    ASSERT_TRUE(MoveFileW((stage.pictures / L"b.jpg").c_str(), path.c_str()));
+    stage.overview->records().folder = deep + L"\\" + std::wstring(160, L'y');
+    EXPECT_EQ(stage.editing->lock().lock(1), L"");
+    EXPECT_TRUE(stage.record(1).locked);
+    EXPECT_NE(GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_HIDDEN, 0U);
+    EXPECT_EQ(stage.editing->lock().unlock(1), L"");
+    EXPECT_EQ(GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_HIDDEN, 0U);
+    DeleteFileW(path.c_str());
+    RemoveDirectoryW(deeper.c_str());
 }
 
 // Opened anew, the overview still shows what the show leaves out.
