@@ -24,7 +24,7 @@ namespace edit {
 struct FaultyFileSystem : files::WindowsFileSystem {
     /// What a rename to a path answers instead of being done; None: it is done.
     std::function<files::Failure(const std::wstring& to)> onRename;
-    /// How often a folder is read before that fails; -1: never.
+    /// How often a folder is read before that fails once; -1: never.
     mutable int listings = -1;
 
     files::Failure rename(const std::wstring& from, const std::wstring& to) override {
@@ -32,10 +32,11 @@ struct FaultyFileSystem : files::WindowsFileSystem {
         return failure != files::Failure::None ? failure : WindowsFileSystem::rename(from, to);
     }
     files::Answer<std::vector<files::FolderEntry>> list(const std::wstring& folder) const override {
-        if (listings == 0) {
+        const bool fails = listings == 0;
+        listings -= listings >= 0 ? 1 : 0;
+        if (fails) {
             return {files::Failure::Other, {}};
         }
-        listings -= listings > 0 ? 1 : 0;
         return WindowsFileSystem::list(folder);
     }
 };

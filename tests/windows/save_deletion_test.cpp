@@ -137,17 +137,19 @@ TEST_F(SaveDeletionTest, OneThatVanishedMeanwhileCountsAsDeleted) {
 }
 
 TEST_F(SaveDeletionTest, TheSaveEndsAtTheFirstThatStays) {
-    for (const wchar_t* name : {L"a.jpg", L"b.jpg", L"c.jpg"}) {
+    for (const wchar_t* name : {L"a.jpg", L"b.jpg", L"c.jpg", L"d.jpg"}) {
         folder.file(name, "x");
     }
     load();
     mark(0);
     mark(1);
+    mark(2);
     bin.onPut = [this](const std::wstring& path) {
         return path.ends_with(L"b.jpg") ? files::Failure::InUse : files::Failure::None;
     };
     answers = {L"P"};
     EXPECT_FALSE(saving.save());
+    EXPECT_THAT(bin.paths, ElementsAre(folder / L"a.jpg"));
     EXPECT_THAT(removed, ElementsAre(0)) << "what is gone leaves the grid";
     EXPECT_TRUE(records.thumbRecords[0].deleted) << "b.jpg keeps its mark";
     EXPECT_THAT(questions, IsEmpty());
