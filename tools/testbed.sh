@@ -58,6 +58,9 @@ testbedStart() {
     testbedSound || return
     useWine "$name" || return
     preparePrefix tools/testbed.reg || return
+    # What is deleted goes to a trash of the test bed's own.
+    export XDG_DATA_HOME=$WINEPREFIX/data
+    mkdir -p "$XDG_DATA_HOME"
     testbedServer=1
     manyFiles
     wineserver -p 9>&- >/dev/null 2>&1 || true

@@ -44,7 +44,13 @@ void Overview::make() {
     operations_.emplace(edit::Operations::Parts{
         parts_.loop, parts_.control, fileSystem_, *overview_, *editing_, parts_.state.EditorPath,
         [this](const std::wstring& path) { return keepEditor(path); },
-        [this] { return parts_.form.File2.entries(); }, [this] { overview_->reload(); }});
+        [this] { return parts_.form.File2.entries(); }, [this] { reload(); }});
+}
+
+// The folder is opened anew, so what was interrupted there is put right first.
+void Overview::reload() {
+    recoverFolder(parts_.loop, fileSystem_, std::wstring(overview_->records().folder), &overview_->form());
+    overview_->reload();
 }
 
 bool Overview::keepEditor(const std::wstring& path) const {

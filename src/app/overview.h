@@ -47,6 +47,7 @@ class Overview {
 
   private:
     void make();
+    void reload();
     std::vector<std::wstring> listed() const;
     void leave(std::optional<int> startIndex);
     bool keepEditor(const std::wstring& path) const;

@@ -10,17 +10,10 @@ namespace edit {
 class Bin {
   public:
     virtual ~Bin() = default;
-    /// Whether a file can be had back from it.
+    /// Whether a file may be had back from it. False: it can only be destroyed.
     virtual bool takes(const std::wstring& path) = 0;
-    /// Puts a file into it.
+    /// Puts a file into it. A file that it does not take after all is destroyed only if the user agrees.
     virtual files::Failure put(const std::wstring& path) = 0;
-};
-
-/// The system's recycle bin.
-class RecycleBin : public Bin {
-  public:
-    bool takes(const std::wstring& path) override;
-    files::Failure put(const std::wstring& path) override;
 };
 
 }  // namespace edit

@@ -11,6 +11,7 @@ namespace edit {
 Operations::Operations(const Parts& parts)
     : parts_(parts),
       form3_(parts.overview.form()),
+      bin_([this] { return parts_.overview.form().hwnd(); }),
       entries_({parts.loop, form3_, parts.overview.records(), parts.musicFiles,
                 [this](int index) { return parts_.overview.view().onScreen(index); },
                 [this](int index) { redraw(index); },
@@ -64,7 +65,10 @@ SaveDialog Operations::saveDialog() {
         },
         [this](const std::wstring& sentence) { parts_.editing.refuse(sentence); },
         [this](bool on) { block(on); },
-        [this](int done, int all) { parts_.overview.form().showProgress(done, all); }};
+        [this](int done, int all, const std::wstring& at) {
+            parts_.overview.form().showProgress(done, all);
+            parts_.overview.form().showNotice(at);
+        }};
 }
 
 SaveGrid Operations::saveGrid() {

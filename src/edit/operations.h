@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "edit/bin.h"
 #include "edit/editing.h"
 #include "edit/entry_editor.h"
 #include "edit/external_editor.h"
@@ -13,6 +12,7 @@
 #include "edit/file_info.h"
 #include "edit/form3.h"
 #include "edit/save.h"
+#include "edit/system_bin.h"
 #include "files/file_system.h"
 #include "media/media_control.h"
 #include "overview/overview.h"
@@ -62,7 +62,7 @@ class Operations {
 
     Parts parts_;
     Form3 form3_;
-    RecycleBin bin_;
+    SystemBin bin_;
     platform::SystemPropertiesDialog properties_;
     EntryEditor entries_;
     FileDates dates_;

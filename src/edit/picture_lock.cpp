@@ -2,12 +2,14 @@
 
 #include "edit/item_file.h"
 #include "edit/menu_rule.h"
+#include "platform/directory.h"
 
 namespace edit {
 
 // The mark follows the disk: it changes only where the attributes did.
 bool PictureLock::setAttributes(int index, DWORD attributes, bool locked) {
-    if (SetFileAttributesW(pathOf(parts_.records, index).c_str(), attributes) == FALSE) {
+    if (SetFileAttributesW(platform::unlimitedPath(pathOf(parts_.records, index)).c_str(), attributes) ==
+        FALSE) {
         return false;
     }
     record(index).locked = locked;
@@ -23,7 +25,8 @@ std::wstring PictureLock::lock(int index) {
     if (std::wstring fault = fileFault(parts_.records, index); !fault.empty()) {
         return fault;
     }
-    const DWORD attributes = GetFileAttributesW(pathOf(parts_.records, index).c_str());
+    const DWORD attributes =
+        GetFileAttributesW(platform::unlimitedPath(pathOf(parts_.records, index)).c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES) {
         setAttributes(index, attributes | FILE_ATTRIBUTE_HIDDEN, true);
     }

@@ -3,10 +3,14 @@
 #include <algorithm>
 #include <utility>
 
+#include "edit/file_deletion.h"
+#include "edit/save_check.h"
+#include "edit/save_pace.h"
 #include "files/file_filter.h"
 #include "files/obstacle_text.h"
 #include "files/take_back.h"
 #include "overview/store_rule.h"
+#include "overview/thumb_folder.h"
 #include "platform/directory.h"
 #include "script/script_file.h"
 #include "ui/timer.h"
@@ -17,16 +21,26 @@ namespace {
 
 constexpr const wchar_t* kPrompt = L"Datei-Prefix:";
 constexpr const wchar_t* kTitle = L"  Name";
-/// How long each file is seen to be worked on, and all of them together at most.
-constexpr int kWaitMs = 200;
-constexpr int kAllWaitsMs = 5000;
 constexpr const wchar_t* kNoBin =
     L"Für dieses Laufwerk gibt es keinen Papierkorb. Markierte Bilder endgültig löschen ?";
+constexpr const wchar_t* kNotInBin =
+    L"Der Papierkorb nimmt nicht alle markierten Bilder auf. Die übrigen endgültig löschen ?";
+constexpr const wchar_t* kNothingSaved = L" Es wurde nichts gespeichert.";
+constexpr const wchar_t* kNothingRenamed = L" Es wurde nichts umbenannt.";
+constexpr const wchar_t* kLeft =
+    L" Beim nächsten Öffnen des Ordners wird die Änderung abgeschlossen oder zurückgenommen.";
 
 /// Whether another prefix could help.
 bool isAboutNames(files::Obstacle obstacle) {
     return obstacle == files::Obstacle::Taken || obstacle == files::Obstacle::TwiceTheSame ||
            obstacle == files::Obstacle::IllegalName || obstacle == files::Obstacle::PathTooLong;
+}
+
+/// The plan's files that are not thumbnails; a change has them before those.
+int picturesOf(const files::ChangePlan& plan) {
+    return static_cast<int>(
+        std::count_if(plan.moves.begin(), plan.moves.end(),
+                      [](const files::PlannedMove& move) { return !files::isCacheName(move.from); }));
 }
 
 }  // namespace
@@ -40,6 +54,7 @@ class Save::Running {
     }
     ~Running() {
         save_.running_ = false;
+        save_.parts_.dialog.progress(0, 0, {});
         save_.parts_.dialog.block(false);
     }
     Running(const Running&) = delete;
@@ -62,18 +77,20 @@ bool Save::save() {
     const Running running(*this);
     // Off while it runs; on again where nothing was written.
     parts_.records.changed = false;
-    const bool written = saveNow();
-    parts_.dialog.progress(0, 0);
+    finishOthers();
+    const bool written = deleteMarked() && rename();
     parts_.records.changed = !written;
     return written;
 }
 
+// Deletions cannot be undone, so whatever would refuse the save afterwards is asked for before them.
 bool Save::mayBegin() {
-    if (!parts_.records.folderWritable) {
+    const overview::ThumbRecords& records = parts_.records;
+    if (!records.folderWritable || !overview::canWriteTo(records.folder)) {
         parts_.dialog.tell(L"In diesen Ordner kann nicht geschrieben werden.");
         return false;
     }
-    const auto state = parts_.records.script.state;
+    const auto state = records.script.state;
     if (state == script::ScriptReading::State::WriteProtected ||
         state == script::ScriptReading::State::Unreadable) {
         parts_.dialog.tell(
@@ -81,15 +98,19 @@ bool Save::mayBegin() {
             L"gespeichert, damit keine Titel verloren gehen.");
         return false;
     }
+    if (const auto refusal = checkBeforeSave(parts_.fileSystem, records)) {
+        parts_.dialog.tell(files::obstacleText(refusal->obstacle, refusal->name) + kNothingSaved);
+        return false;
+    }
     return true;
 }
 
-bool Save::saveNow() {
+// Nothing else of the program has a file of the folder open from now on.
+void Save::finishOthers() {
     parts_.grid.finish();
     for (const char* command : {"stop VIDEO", "close VIDEO", "stop AUDIO", "close AUDIO"}) {
         parts_.control.send(command);
     }
-    return deleteMarked() && rename();
 }
 
 std::vector<int> Save::marked() const {
@@ -102,69 +123,52 @@ std::vector<int> Save::marked() const {
     return indices;
 }
 
-// Deleted records leave the overview even when the save ends here: their files are gone.
 bool Save::deleteMarked() {
-    deleted_.clear();
     const std::vector<int> indices = marked();
-    if (indices.empty()) {
-        return true;
+    std::vector<bool> forever;
+    for (const int index : indices) {
+        const auto& record = parts_.records.thumbRecords[static_cast<std::size_t>(index)];
+        forever.push_back(!parts_.bin.takes(pathOf(record.fileName)));
     }
-    const auto& records = parts_.records.thumbRecords;
-    if (!parts_.bin.takes(pathOf(records[static_cast<std::size_t>(indices.front())].fileName)) &&
-        !parts_.dialog.agrees(kNoBin)) {
+    const bool any = std::find(forever.begin(), forever.end(), true) != forever.end();
+    const bool all = std::find(forever.begin(), forever.end(), false) == forever.end();
+    if (any && !parts_.dialog.agrees(all ? kNoBin : kNotInBin)) {
         return false;
     }
+    return indices.empty() || deleteItems(indices, forever);
+}
+
+// Deleted records leave the overview even when the save ends here: their files are gone.
+bool Save::deleteItems(const std::vector<int>& indices, const std::vector<bool>& forever) {
+    const files::Waiting time = waiting();
+    FileDeletion deletion(parts_.fileSystem, parts_.bin, time);
+    const int all = static_cast<int>(indices.size());
     std::vector<int> gone;
-    for (const int index : indices) {
-        const overview::ThumbRecord& record = records[static_cast<std::size_t>(index)];
-        if (!deleteRecord(record)) {
-            break;
+    std::wstring fault;
+    for (int i = 0; i < all && fault.empty(); ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        const auto& record = parts_.records.thumbRecords[static_cast<std::size_t>(indices[at])];
+        parts_.dialog.progress(i, all, progressText(i, all, all));
+        parts_.loop.doEvents();
+        const FileDeletion::Result result = deletion.remove(parts_.records.folder, record, forever[at]);
+        if (result.obstacle != files::Obstacle::None) {
+            fault = files::obstacleText(result.obstacle, record.fileName);
+            continue;
         }
-        deleted_.push_back(record.fileName);
-        gone.push_back(index);
+        gone.push_back(indices[at]);
+        if (result.inBin) {
+            deleted_.push_back(record.fileName);
+        }
     }
+    parts_.dialog.progress(0, 0, {});
     if (!gone.empty()) {
         parts_.grid.remove(gone);
     }
     parts_.loop.doEvents();
-    return gone.size() == indices.size();
-}
-
-bool Save::deleteRecord(const overview::ThumbRecord& record) {
-    const std::wstring path = pathOf(record.fileName);
-    const auto now = parts_.fileSystem.stat(path);
-    if (now.failure == files::Failure::Missing) {
-        // Someone else was quicker; what was wanted is so.
-        deleteThumbnail(record.fileName);
-        return true;
+    if (!fault.empty()) {
+        parts_.dialog.tell(fault + L" Es wurde nicht gespeichert.");
     }
-    files::Obstacle obstacle = files::obstacleOf(now.failure);
-    if (now.failure == files::Failure::None && !files::sameFile(now.value.stamp, record.stamp)) {
-        obstacle = files::Obstacle::Changed;
-    }
-    if (obstacle == files::Obstacle::None) {
-        const files::Waiting waiting{[this] { return parts_.loop.now(); }, [this](int ms) { pause(ms); }};
-        files::Patience patience(waiting);
-        parts_.fileSystem.setAttributes(path, 0);
-        const bool recoverable = parts_.bin.takes(path);
-        const files::Failure failure = patience.until(
-            [&] { return recoverable ? parts_.bin.put(path) : parts_.fileSystem.remove(path); });
-        if (failure == files::Failure::None) {
-            deleteThumbnail(record.fileName);
-            return true;
-        }
-        parts_.fileSystem.setAttributes(path, now.value.attributes);
-        obstacle = files::obstacleOf(failure);
-    }
-    parts_.dialog.tell(files::obstacleText(obstacle, record.fileName) + L" Es wurde nicht gespeichert.");
-    return false;
-}
-
-// A thumbnail that other files share is not theirs either way, and made again when it is missing.
-void Save::deleteThumbnail(const std::wstring& fileName) {
-    const std::wstring name =
-        std::wstring(overview::kStoreFolder) + L"\\" + overview::thumbnailName(fileName);
-    parts_.fileSystem.remove(pathOf(name));
+    return fault.empty();
 }
 
 std::optional<std::wstring> Save::askPrefix(const std::wstring& offered, const std::wstring& reason) const {
@@ -176,22 +180,27 @@ std::optional<std::wstring> Save::askPrefix(const std::wstring& offered, const s
     return answer && answer->empty() ? std::nullopt : answer;
 }
 
-SaveFolder Save::readFolder() const {
-    SaveFolder folder;
+files::Answer<SaveFolder> Save::readFolder() const {
+    files::Answer<SaveFolder> answer;
+    SaveFolder& folder = answer.value;
     folder.formerNames = parts_.records.folderNames;
     folder.scriptText = parts_.records.script.text;
     if (parts_.records.script.state == script::ScriptReading::State::Whole) {
         folder.scriptBytes = parts_.records.script.bytes;
     }
-    for (const auto& entry : parts_.fileSystem.list(parts_.records.folder).value) {
+    const auto entries = parts_.fileSystem.list(parts_.records.folder);
+    answer.failure = entries.failure;
+    for (const auto& entry : entries.value) {
         if (!entry.folder && files::matchesPattern(entry.name, files::kTypPatterns[0])) {
             folder.names.push_back(entry.name);
         }
     }
-    for (const auto& entry : parts_.fileSystem.list(pathOf(overview::kStoreFolder)).value) {
+    // Without a store there are none; one that cannot be read refuses the change itself.
+    const auto thumbnails = parts_.fileSystem.list(pathOf(overview::kStoreFolder));
+    for (const auto& entry : thumbnails.value) {
         folder.thumbnails.push_back(entry.name);
     }
-    return folder;
+    return answer;
 }
 
 bool Save::rename() {
@@ -202,22 +211,25 @@ bool Save::rename() {
     std::wstring reason;
     while (auto answer = askPrefix(prefix, reason)) {
         prefix = *answer;
-        SavePlan plan = planSave(parts_.records, prefix, readFolder(), deleted_, script::scriptFileBytes);
+        const files::Answer<SaveFolder> folder = readFolder();
+        if (folder.failure != files::Failure::None) {
+            parts_.dialog.tell(files::obstacleText(files::obstacleOf(folder.failure), {}) + kNothingRenamed);
+            return false;
+        }
+        SavePlan plan = planSave(parts_.records, prefix, folder.value, deleted_, script::scriptFileBytes);
         reason = sentenceOf(plan.refusal);
         if (!reason.empty()) {
             continue;
         }
         const files::Outcome outcome = carryOut(plan.change);
         if (outcome.end == files::Outcome::End::Done) {
-            take(plan);
+            take(std::move(plan));
             return true;
         }
         reason = files::obstacleText(outcome.obstacle, outcome.name);
         if (outcome.end != files::Outcome::End::Refused || !isAboutNames(outcome.obstacle)) {
             const bool left = outcome.end == files::Outcome::End::Left;
-            parts_.dialog.tell(reason + (left ? L" Beim nächsten Öffnen des Ordners wird die Änderung "
-                                                L"abgeschlossen oder zurückgenommen."
-                                              : L" Es wurde nichts umbenannt."));
+            parts_.dialog.tell(reason + (left ? kLeft : kNothingRenamed));
             return false;
         }
     }
@@ -225,25 +237,36 @@ bool Save::rename() {
 }
 
 files::Outcome Save::carryOut(const files::ChangePlan& plan) {
-    const files::Waiting waiting{[this] { return parts_.loop.now(); }, [this](int ms) { pause(ms); }};
-    return files::changeFolder(parts_.fileSystem, plan, waiting, [this](const files::ChangeProgress& at) {
-        const int all = 2 * at.count;
-        parts_.dialog.progress((at.pass - 1) * at.count + at.index + 1, all);
-        if (at.pass == 1) {
-            pause(std::min(kWaitMs, kAllWaitsMs / std::max(1, at.count)));
+    const int pictures = picturesOf(plan);
+    double waited = 0;
+    return files::changeFolder(parts_.fileSystem, plan, waiting(), [&](const files::ChangeProgress& at) {
+        const int done = (at.pass - 1) * at.count + at.index + 1;
+        parts_.dialog.progress(done, 2 * at.count, progressText(at.index, pictures, at.count));
+        const int wait = at.pass == 1 && at.index < pictures ? itemWait(pictures, waited) : 0;
+        const double before = parts_.loop.now();
+        if (wait > 0) {
+            pause(wait);
+            waited += parts_.loop.now() - before;
         } else {
             parts_.loop.doEvents();
         }
     });
 }
 
-void Save::take(const SavePlan& plan) {
+// All of it is known, so that nothing that fails now leaves the records with what was before.
+void Save::take(SavePlan plan) {
     overview::ThumbRecords& records = parts_.records;
     for (std::size_t i = 0; i < plan.newNames.size(); ++i) {
         records.thumbRecords[i].fileName = plan.newNames[i];
     }
-    records.folderNames = readFolder().names;
-    records.script = script::readScript(records.folder);
+    records.folderNames = std::move(plan.names);
+    records.script = {};
+    if (plan.change.script->after) {
+        records.script.state = script::ScriptReading::State::Whole;
+        records.script.bytes = *std::move(plan.change.script->after);
+        records.script.text = std::move(plan.scriptText);
+    }
+    deleted_.clear();
     parts_.grid.renamed();
 }
 
@@ -263,13 +286,17 @@ void Save::takeBack() {
     files::Outcome outcome;
     {
         const Running running(*this);
-        parts_.grid.finish();
+        finishOthers();
         outcome = carryOut(*plan);
-        parts_.dialog.progress(0, 0);
     }
+    const bool left = outcome.end == files::Outcome::End::Left;
     if (outcome.end != files::Outcome::End::Done) {
         parts_.dialog.tell(files::obstacleText(outcome.obstacle, outcome.name) +
-                           L" Das letzte Speichern wurde nicht zurückgenommen.");
+                           (left ? kLeft : L" Das letzte Speichern wurde nicht zurückgenommen."));
+        if (left) {
+            // Some files have other names than the records say.
+            parts_.grid.reload();
+        }
         return;
     }
     if (!plan->deleted.empty()) {
@@ -278,6 +305,10 @@ void Save::takeBack() {
     }
     parts_.records.changed = false;
     parts_.grid.reload();
+}
+
+files::Waiting Save::waiting() {
+    return {[this] { return parts_.loop.now(); }, [this](int ms) { pause(ms); }};
 }
 
 // Events run meanwhile, so that the window paints.

@@ -23,8 +23,8 @@ struct SaveDialog {
     std::function<void(const std::wstring& sentence)> tell;
     /// Menu, thumbnails and closing are off, or on again; leaving the program waits meanwhile.
     std::function<void(bool)> block;
-    /// So many files of all have been dealt with; 0 of 0 ends the display.
-    std::function<void(int done, int all)> progress;
+    /// So many steps of all have been done, and what it is at; 0 of 0 and the empty text end the display.
+    std::function<void(int done, int all, const std::wstring& at)> progress;
 };
 
 /// What a save does to the overview besides its records.
@@ -68,21 +68,22 @@ class Save {
   private:
     class Running;
 
-    bool saveNow();
     bool mayBegin();
+    void finishOthers();
     bool deleteMarked();
-    bool deleteRecord(const overview::ThumbRecord& record);
-    void deleteThumbnail(const std::wstring& fileName);
+    bool deleteItems(const std::vector<int>& indices, const std::vector<bool>& forever);
     std::vector<int> marked() const;
     bool rename();
     std::optional<std::wstring> askPrefix(const std::wstring& offered, const std::wstring& reason) const;
-    SaveFolder readFolder() const;
+    files::Answer<SaveFolder> readFolder() const;
     files::Outcome carryOut(const files::ChangePlan& plan);
-    void take(const SavePlan& plan);
+    files::Waiting waiting();
+    void take(SavePlan plan);
     void pause(int ms);
     std::wstring pathOf(const std::wstring& fileName) const;
 
     Parts parts_;
+    /// What lies in the recycle bin and belongs to the next save that is made.
     std::vector<std::wstring> deleted_;
     bool running_ = false;
 };

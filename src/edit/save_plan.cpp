@@ -95,8 +95,11 @@ PrefixRefusal judgeNames(const std::wstring& folder, const std::vector<std::wstr
 /// The lines of the script that belong to files outside the records.
 std::vector<std::wstring> keptLines(const SaveFolder& folder, const std::vector<std::wstring>& outside) {
     std::vector<std::wstring> keys;
-    for (const std::wstring& name : folder.formerNames) {
-        keys.push_back(script::PictureKey(name));
+    // A file that came meanwhile may have a line that was nobody's.
+    for (const auto* names : {&folder.formerNames, &folder.names}) {
+        for (const std::wstring& name : *names) {
+            keys.push_back(script::PictureKey(name));
+        }
     }
     const overview::LineOwners owners(keys);
     Names outsideKeys;
@@ -138,10 +141,22 @@ std::wstring inCache(const std::wstring& name) {
     return std::wstring(files::kCacheFolder).append(L"\\").append(name);
 }
 
+// A bitmap at a new name that comes from none of the records would show another picture.
+void dropOrphans(const SaveFolder& folder, const Names& moved, SavePlan& plan) {
+    const Names there = folded(folder.thumbnails);
+    for (const std::wstring& name : plan.newNames) {
+        const std::wstring thumbnail = overview::thumbnailName(name);
+        const std::wstring own = overview::foldedName(thumbnail);
+        if (there.contains(own) && !moved.contains(own)) {
+            plan.change.drops.push_back(inCache(thumbnail));
+        }
+    }
+}
+
 void moveThumbnails(const overview::ThumbRecords& records, const SaveFolder& folder, SavePlan& plan) {
     const Names there = folded(folder.thumbnails);
     const Names shared = overview::sharedThumbnails(folder.names);
-    Names dropped;
+    Names moved;
     for (std::size_t i = 0; i < plan.newNames.size(); ++i) {
         const std::wstring from = overview::thumbnailName(records.thumbRecords[i].fileName);
         const std::wstring to = overview::thumbnailName(plan.newNames[i]);
@@ -149,12 +164,15 @@ void moveThumbnails(const overview::ThumbRecords& records, const SaveFolder& fol
         if (!there.contains(own)) {
             continue;
         }
+        const bool first = moved.insert(own).second;
         if (!shared.contains(own)) {
-            plan.change.moves.push_back({inCache(from), inCache(to), {}, {}});
-        } else if (dropped.insert(own).second) {
+            // Write protection, as a CD leaves it, would keep the overview from renewing the bitmap.
+            plan.change.moves.push_back({inCache(from), inCache(to), {}, 0U});
+        } else if (first) {
             plan.change.drops.push_back(inCache(from));
         }
     }
+    dropOrphans(folder, moved, plan);
 }
 
 std::vector<script::ScriptLine> linesOf(const overview::ThumbRecords& records,
@@ -214,11 +232,13 @@ SavePlan planSave(const overview::ThumbRecords& records, std::wstring_view prefi
     moveThumbnails(records, folder, plan);
     plan.change.deleted = deleted;
     plan.change.keep = true;
-    const std::wstring text = script::scriptText(linesOf(records, plan.newNames), kept);
+    plan.scriptText = script::scriptText(linesOf(records, plan.newNames), kept);
     plan.change.script = files::ScriptChange{script::kScriptFile, folder.scriptBytes, {}};
-    if (!text.empty()) {
-        plan.change.script->after = encode(text);
+    if (!plan.scriptText.empty()) {
+        plan.change.script->after = encode(plan.scriptText);
     }
+    plan.names = plan.newNames;
+    plan.names.insert(plan.names.end(), outside.begin(), outside.end());
     return plan;
 }
 

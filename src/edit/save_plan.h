@@ -63,6 +63,9 @@ struct SavePlan {
     files::ChangePlan change;
     /// The records' new file names, in their order.
     std::vector<std::wstring> newNames;
+    /// What a SaveFolder has of them, once it is done.
+    std::vector<std::wstring> names;
+    std::wstring scriptText;
 };
 
 /// Gives a script's text the bytes that it is written in.
@@ -70,7 +73,8 @@ using ScriptEncoder = std::function<std::string(std::wstring_view text)>;
 
 /// Plans to name the records' files in their order and to write the script anew: a line for each record with
 /// an entry, then the lines of files that are not among the records, as they are. Thumbnails get the names of
-/// their files; one that several files share is dropped. No record is marked for deletion. `deleted`: files
+/// their files; one that several files share is dropped, and so is one that nobody owns at a name of a record
+/// that has none. No record is marked for deletion. `deleted`: files
 /// that were deleted just before, to be told when the save is taken back.
 SavePlan planSave(const overview::ThumbRecords& records, std::wstring_view prefix, const SaveFolder& folder,
                   const std::vector<std::wstring>& deleted, const ScriptEncoder& encode);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "files/cache_file.h"
 #include "platform/directory.h"
 
 namespace files {
@@ -59,7 +60,7 @@ Failure JournalRun::bring(std::size_t i, Place to) {
     } else if (isCacheName(moveOf(i).oldName)) {
         // Under a wrong name it would show another picture.
         result = Failure::None;
-        patience_.until([&] { return fileSystem_.remove(from); });
+        patience_.until([&] { return removeCacheFile(fileSystem_, from); });
         places_[i] = Place::Gone;
     }
     return result;
@@ -80,7 +81,7 @@ Failure JournalRun::bringAll(Place from, Place to) {
 
 void JournalRun::dropCache() {
     for (const std::wstring& name : journal_.drops) {
-        patience_.until([&] { return fileSystem_.remove(path(name)); });
+        patience_.until([&] { return removeCacheFile(fileSystem_, path(name)); });
     }
 }
 
@@ -147,7 +148,8 @@ Failure JournalRun::bringAttributes(Place side) {
         }
         const std::wstring file = path(nameAt(i, side));
         const Failure result = patience_.until([&] { return fileSystem_.setAttributes(file, wanted); });
-        first = first == Failure::None ? result : first;
+        // What lies in the cache stops no change.
+        first = first == Failure::None && !isCacheName(move.oldName) ? result : first;
     }
     return first;
 }

@@ -126,9 +126,10 @@ void Form2::setGrounds() {
 }
 
 void Form2::showNotice(const std::wstring& text) {
+    const bool comes = !text.empty() && !Notice.visible();
     Notice.setText(text);
     Notice.setVisible(!text.empty());
-    if (!text.empty()) {
+    if (comes) {
         Notice.toFront();
         paintNow();
     }

@@ -60,6 +60,27 @@ TEST_F(ChangeFolderTest, ThumbnailsFollowTheirPictures) {
     EXPECT_EQ(contentOf(disk, L"Mini\\geteilt.bmp"), std::nullopt);
 }
 
+TEST_F(ChangeFolderTest, WriteProtectedThumbnailsAreNoneInTheWay) {
+    Scene scene = saveScene(2);
+    begin(scene);
+    disk.put(at(L"Mini\\alt.bmp"), "nobody's", kReadOnly);
+    plan.drops.push_back(L"Mini\\alt.bmp");
+    for (PlannedMove& move : plan.moves) {
+        if (isCacheName(move.from)) {
+            disk.put(at(move.from), *contentOf(disk, move.from), kReadOnly);
+            move.attributes = 0;
+        }
+    }
+    EXPECT_EQ(change().end, End::Done);
+    EXPECT_EQ(contentOf(disk, L"Mini\\alt.bmp"), std::nullopt);
+    int thumbnails = 0;
+    for (const FolderEntry& entry : fileSystem.list(at(L"Mini")).value) {
+        EXPECT_EQ(entry.attributes, 0U);
+        ++thumbnails;
+    }
+    EXPECT_GT(thumbnails, 0);
+}
+
 TEST_F(ChangeFolderTest, TellsWhichFileItIsAt) {
     begin(ringScene(2));
     EXPECT_EQ(change().end, End::Done);

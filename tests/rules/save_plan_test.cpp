@@ -146,6 +146,46 @@ TEST_F(SavePlanTest, AThumbnailThatSeveralFilesShareIsDropped) {
     EXPECT_THAT(made.change.drops, ElementsAre(L"Mini\\a.bmp", L"Mini\\b.bmp"));
 }
 
+TEST_F(SavePlanTest, ABitmapThatNobodyOwnsIsNotShownForAnotherPicture) {
+    record(L"a.jpg");
+    record(L"P001.jpg");
+    record(L"c.jpg");
+    record(L"d.jpg");
+    outsider(L"d.mpg");
+    // Of a.jpg there is none, P001 has its own, and the one of d.jpg is not its alone.
+    folder.thumbnails = {L"p001.BMP", L"P003.bmp", L"d.bmp", L"P004.bmp", L"P009.bmp"};
+    const SavePlan made = plan(L"P");
+    EXPECT_THAT(moves(made), ElementsAre(L"a.jpg>P001.jpg", L"P001.jpg>P002.jpg", L"c.jpg>P003.jpg",
+                                         L"d.jpg>P004.jpg", L"Mini\\P001.bmp>Mini\\P002.bmp"));
+    EXPECT_THAT(made.change.drops, ElementsAre(L"Mini\\d.bmp", L"Mini\\P003.bmp", L"Mini\\P004.bmp"));
+}
+
+TEST_F(SavePlanTest, AThumbnailLosesItsWriteProtection) {
+    record(L"a.jpg");
+    folder.thumbnails = {L"a.bmp"};
+    const SavePlan made = plan(L"P");
+    ASSERT_EQ(made.change.moves.size(), 2U);
+    EXPECT_EQ(made.change.moves[0].attributes, std::nullopt) << "a picture keeps its lock";
+    EXPECT_EQ(made.change.moves[1].attributes, 0U);
+}
+
+TEST_F(SavePlanTest, ALineOfAFileThatCameMeanwhileStays) {
+    record(L"a.jpg", L"A");
+    folder.names.push_back(L"kam.jpg");
+    script("kam Titel\r\na A\r\n");
+    EXPECT_EQ(plan(L"P").change.script->after, "P001 A\r\nkam Titel\r\n");
+}
+
+TEST_F(SavePlanTest, TellsWhatIsThereAfterwards) {
+    record(L"a.jpg", L"A");
+    outsider(L"b.mpg");
+    folder.names.push_back(L"kam.jpg");
+    folder.formerNames.push_back(L"ging.jpg");
+    const SavePlan made = plan(L"P");
+    EXPECT_THAT(made.names, ElementsAre(L"P001.jpg", L"b.mpg", L"kam.jpg"));
+    EXPECT_EQ(made.scriptText, L"P001 A\r\n");
+}
+
 TEST_F(SavePlanTest, DeletedFilesAreTold) {
     record(L"a.jpg");
     deleted = {L"weg.jpg"};

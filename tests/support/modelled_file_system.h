@@ -86,6 +86,10 @@ class ModelledFileSystem : public files::FileSystem {
 
     files::Failure remove(const std::wstring& path) override {
         const files::Failure failure = begin({path});
+        const ModelledDisk::Node* node = disk_.find(path);
+        if (node != nullptr && (disk_.file(*node).attributes & files::kReadOnly) != 0) {
+            return files::Failure::Denied;
+        }
         return failure == files::Failure::None ? erase(path) : failure;
     }
 

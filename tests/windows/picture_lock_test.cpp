@@ -3,9 +3,13 @@
 
 #include <gmock/gmock.h>
 
+#include <cwchar>
+
 #include "edit/item_file.h"
+#include "platform/directory.h"
 #include "support/app_stage.h"
 #include "support/edit_stage.h"
+#include "support/import_hook.h"
 
 namespace edit {
 namespace {
@@ -169,6 +173,63 @@ TEST(PictureLock, ItsOwnChangesAreNoneOfAnotherProgram) {
         EXPECT_FALSE(stage.record(1).locked);
     }
     EXPECT_NE(stage.record(1).stamp.number, 0U) << "the file is known by its number from now on";
+}
+
+/// Paths of the old kind are limited, as they are on Windows; Wine takes longer ones.
+class OldPathLimit {
+  public:
+    OldPathLimit()
+        : get_("GetFileAttributesW", get), set_("SetFileAttributesW", set), create_("CreateFileW", create) {
+        one = this;
+    }
+
+  private:
+    static bool tooLong(const wchar_t* path) {
+        const bool longer = std::wcslen(path) >= MAX_PATH && !std::wstring(path).starts_with(L"\\\\?\\");
+        if (longer) {
+            SetLastError(ERROR_PATH_NOT_FOUND);
+        }
+        return longer;
+    }
+    static DWORD WINAPI get(const wchar_t* path) {
+        return tooLong(path) ? INVALID_FILE_ATTRIBUTES
+                             : one->get_.original<decltype(GetFileAttributesW)>()(path);
+    }
+    static BOOL WINAPI set(const wchar_t* path, DWORD attributes) {
+        return tooLong(path) ? FALSE : one->set_.original<decltype(SetFileAttributesW)>()(path, attributes);
+    }
+    static HANDLE WINAPI create(const wchar_t* path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
+                                DWORD disposition, DWORD flags, HANDLE like) {
+        return tooLong(path) ? INVALID_HANDLE_VALUE
+                             : one->create_.original<decltype(CreateFileW)>()(path, access, share, security,
+                                                                              disposition, flags, like);
+    }
+    inline static OldPathLimit* one = nullptr;
+    support::ImportHook get_;
+    support::ImportHook set_;
+    support::ImportHook create_;
+};
+
+// A folder may lie deeper than a path of the old kind reaches.
+TEST(PictureLock, APathMayBeLong) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue});
+    ASSERT_TRUE(stage.open());
+    const std::wstring deep = stage.pictures / std::wstring(120, L'x');
+    const std::wstring deeper = platform::unlimitedPath(deep + L"\\" + std::wstring(160, L'y'));
+    CreateDirectoryW(deep.c_str(), nullptr);
+    ASSERT_TRUE(CreateDirectoryW(deeper.c_str(), nullptr));
+    const std::wstring path = deeper + L"\\b.jpg";
+    ASSERT_TRUE(MoveFileW((stage.pictures / L"b.jpg").c_str(), path.c_str()));
+    stage.overview->records().folder = deep + L"\\" + std::wstring(160, L'y');
+    const OldPathLimit limit;
+    EXPECT_EQ(stage.editing->lock().lock(1), L"");
+    EXPECT_TRUE(stage.record(1).locked);
+    EXPECT_NE(GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_HIDDEN, 0U);
+    EXPECT_EQ(stage.editing->lock().unlock(1), L"");
+    EXPECT_EQ(GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_HIDDEN, 0U);
+    DeleteFileW(path.c_str());
+    RemoveDirectoryW(deeper.c_str());
 }
 
 // Opened anew, the overview still shows what the show leaves out.

@@ -1,17 +1,15 @@
-#include "edit/bin.h"
-
-#include <windows.h>
+#include "edit/system_bin.h"
 
 #include "platform/recycle_bin.h"
 
 namespace edit {
 
-bool RecycleBin::takes(const std::wstring& path) {
+bool SystemBin::takes(const std::wstring& path) {
     return platform::recycleBinTakes(path);
 }
 
-files::Failure RecycleBin::put(const std::wstring& path) {
-    switch (platform::recycle(path)) {
+files::Failure SystemBin::put(const std::wstring& path) {
+    switch (platform::recycle(path, owner_())) {
         case 0:
             return files::Failure::None;
         case ERROR_SHARING_VIOLATION:
@@ -20,6 +18,7 @@ files::Failure RecycleBin::put(const std::wstring& path) {
         case ERROR_ACCESS_DENIED:
             return files::Failure::Denied;
         case ERROR_FILE_NOT_FOUND:
+        case ERROR_PATH_NOT_FOUND:
             return files::Failure::Missing;
         default:
             return files::Failure::Other;
