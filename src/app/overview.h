@@ -48,6 +48,7 @@ class Overview {
   private:
     void make();
     std::vector<std::wstring> listed() const;
+    std::vector<std::wstring> titles() const;
     void leave(std::optional<int> startIndex);
     bool keepEditor(const std::wstring& path) const;
 

@@ -24,6 +24,10 @@ struct PreviewTexts {
     bool film = false;  ///< only a film has a position
 };
 
+/// What an item begins with: a film with its position, a picture with its date, or with the next that has
+/// something to show.
+PreviewInfo firstPreviewInfo(const PreviewTexts& texts);
+
 /// What a click leads to: the next of the four that has something to show, the first one after the last. With
 /// nothing else to show it stays.
 PreviewInfo nextPreviewInfo(PreviewInfo now, const PreviewTexts& texts);

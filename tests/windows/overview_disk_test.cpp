@@ -246,6 +246,32 @@ TEST(OverviewRecovery, TheMusicListHasTheNamesThatRecoveryLeaves) {
     EXPECT_EQ(opened.form().List1.item(1), L"Meer");
 }
 
+// The list of the set-up was read before the music got other names.
+TEST(OverviewReload, TheMusicListHasTheNamesThatItGave) {
+    support::AppStage stage;
+    stage.picture(L"a.jpg");
+    stage.pictures.file(L"01 Meer.mp3", "meer");
+    stage.pictures.file(L"02 Sturm.mp3", "sturm");
+    stage.loadFolder();
+    stage.form().CTRL.click();
+    ASSERT_NE(stage.application->overview(), nullptr);
+    Overview& opened = *stage.application->overview();
+    const auto lockFirst = [&] {
+        opened.music().show();
+        opened.form().List1.setSelectedIndex(0);
+        SendMessageW(opened.form().List1.hwnd(), WM_KEYDOWN, VK_SPACE, 1);
+        const support::MessageBoxes boxes;
+        opened.form().OK.click();
+        EXPECT_THAT(boxes.seen(), IsEmpty());
+    };
+    lockFirst();
+    EXPECT_EQ(titlesOn(stage.pictures), (Disk{{L"99 Meer.mp3", "meer"}, {L"02 Sturm.mp3", "sturm"}}));
+    opened.reload();
+    EXPECT_EQ(opened.form().List1.item(0), L"Sturm") << "in the order of the names";
+    lockFirst();
+    EXPECT_EQ(titlesOn(stage.pictures), (Disk{{L"99 Sturm.mp3", "sturm"}, {L"99 Meer.mp3", "meer"}}));
+}
+
 TEST(OverviewMonitor, TheWindowLiesInTheWorkAreaOfTheMonitorOfTheSetUp) {
     support::FakeMonitors monitors;
     monitors.first = {0, 0, 960, 900};

@@ -31,7 +31,8 @@ class MusicListTest : public testing::Test {
                                  commandsAtRename = control.commands();
                                  return answer;
                              },
-                             [] {}, [this](const std::wstring& sentence) { refusals.push_back(sentence); }});
+                             [] {}, [this] { ++focusLeft; },
+                             [this](const std::wstring& sentence) { refusals.push_back(sentence); }});
     }
 
     /// Makes the files and shows the list.
@@ -96,6 +97,7 @@ class MusicListTest : public testing::Test {
     std::wstring renamedIn;
     Commands commandsAtRename;
     Names refusals;
+    int focusLeft = 0;
 
   private:
     template <typename Plays>
@@ -384,6 +386,30 @@ TEST_F(MusicListTest, AbbruchDropsTheChanges) {
     engine->show();
     EXPECT_EQ(rows(), L"[Meer] Sturm [Abend]");
     EXPECT_EQ(highlights(), L"[Meer] Sturm [Abend]");
+}
+
+TEST_F(MusicListTest, HiddenItLeavesTheKeyboardToOthers) {
+    ui::PushButton other{test.args(5, {3000, 4000, 1000, 450})};
+    open(kThree);
+    EXPECT_EQ(focusLeft, 0);
+    for (ui::Control* const focused : {static_cast<ui::Control*>(&List1), static_cast<ui::Control*>(&CAN)}) {
+        focusLeft = 0;
+        engine->show();
+        focused->setFocus();
+        ASSERT_TRUE(engine->hasFocus());
+        CAN.click();
+        EXPECT_EQ(focusLeft, 1);
+        EXPECT_FALSE(engine->hasFocus());
+    }
+    engine->show();
+    OK.click();
+    EXPECT_EQ(focusLeft, 2);
+    engine->show();
+    other.setFocus();
+    engine->load(kThree, true);
+    EXPECT_TRUE(allHidden());
+    EXPECT_EQ(focusLeft, 2) << "it had the keyboard no more";
+    EXPECT_TRUE(other.hasFocus());
 }
 
 }  // namespace
