@@ -148,6 +148,7 @@ void MusicList::move(int from, int to) {
     moveEntry(order_, from, to);
     parts_.List1.remove(from);
     parts_.List1.insert(to, moved.title, moved.plays ? 1 : 0);
+    parts_.List1.setSelectedIndex(to);
 }
 
 void MusicList::setHighlights() {

@@ -80,7 +80,8 @@ PreviewLayout layoutPreview(const ui::TwipsRect& area, ui::Twips rowHeight, ui::
     left += soundWidth;
     for (std::size_t i = 0; i < kPreviewButtons; ++i) {
         const bool last = i + 1 == kPreviewButtons;
-        const ui::Twips own = last ? std::max(widths[i], layout.box.left + width - left) : widths[i];
+        const ui::Twips rest = std::max(0.0F, layout.box.left + width - left);
+        const ui::Twips own = last ? rest : std::min(widths[i], rest);
         layout.buttons[i] = {left, top, own, rowHeight};
         left += own;
     }

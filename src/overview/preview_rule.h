@@ -58,7 +58,8 @@ struct PreviewLayout {
 /// Lays the enlarged view out within `area`: the largest box of 4:3 that leaves room for the row below it,
 /// centred; below it, from the left, the switch for the sound (`soundWidth`) and the buttons, each directly
 /// right of the one before. A width of 0 stands for what is not shown and takes no room; the last button
-/// takes what is left of the box's width, at least its own width. An area with no room gives an empty box.
+/// takes what is left of the box's width. Nothing goes beyond the box. An area with no room gives an empty
+/// one.
 PreviewLayout layoutPreview(const ui::TwipsRect& area, ui::Twips rowHeight, ui::Twips soundWidth,
                             const std::array<ui::Twips, kPreviewButtons>& widths);
 

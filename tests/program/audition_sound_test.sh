@@ -33,13 +33,21 @@ auditionListIsShown() {
 }
 auditionListIsHidden() { ! auditionListIsShown; }
 
-# By the menu of the first thumbnail; in it "M" leads to the first item that begins so.
+# By the menu of the first thumbnail, in which the entry is the fourth from below.
 auditionListOpens() {
     auditionListIsShown && return
-    xdotool key Escape Home Menu
+    xdotool key Escape
+    sleep 0.3
+    xdotool key Home
+    sleep 0.3
+    xdotool key Menu
     sleep 0.7
-    xdotool key m
-    sleep 0.2
+    local step
+    for step in 1 2 3 4; do
+        : "$step"
+        xdotool key Up
+        sleep 0.1
+    done
     xdotool key Return
     sleep 0.7
     auditionListIsShown

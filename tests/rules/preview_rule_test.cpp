@@ -96,6 +96,9 @@ TEST(PreviewLayoutTest, BoxAndRowStayInsideTheArea) {
         EXPECT_LE(layout.box.left + layout.box.width, area.left + area.width + 0.5F);
         EXPECT_LE(layout.buttons[0].top + 390, area.top + area.height + 0.5F);
         EXPECT_NEAR(layout.box.width * 3, layout.box.height * 4, 2);
+        for (const ui::TwipsRect& button : layout.buttons) {
+            EXPECT_LE(button.left + button.width, layout.box.left + layout.box.width + 0.5F);
+        }
     }
 }
 

@@ -140,6 +140,34 @@ TEST_F(OverviewDiskTest, AFileThatWasChangedSinceIsLeftAlone) {
     EXPECT_THAT(refusal(), HasSubstr(L"02 Sturm.mp3"));
 }
 
+TEST_F(OverviewDiskTest, AFileThatIsOpenElsewhereKeepsAllTheirNames) {
+    open({L"01 Meer.mp3", L"02 Sturm.mp3", L"03 Abend.mp3"});
+    drag(2, 0);
+    const platform::File other(CreateFileW((stage.pictures / L"02 Sturm.mp3").c_str(), GENERIC_READ,
+                                           FILE_SHARE_READ, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
+                                           nullptr));
+    ASSERT_TRUE(other);
+    EXPECT_EQ(refusal(), L"\"02 Sturm.mp3\" ist in einem anderen Programm geöffnet.");
+}
+
+TEST_F(OverviewDiskTest, OnPlace99NothingCanPlay) {
+    std::vector<std::wstring> names;
+    for (int i = 100; i < 199; ++i) {
+        names.push_back(L"Titel" + std::to_wstring(i) + L".mp3");
+    }
+    open(names);
+    EXPECT_THAT(refusal(), HasSubstr(L"Platz 99"));
+    form().List1.setTopIndex(98);
+    click(98);
+    ASSERT_EQ(form().List1.itemData(98), 0);
+    const support::MessageBoxes boxes;
+    form().OK.click();
+    EXPECT_THAT(boxes.seen(), IsEmpty());
+    EXPECT_FALSE(form().List1.visible()) << "locked it may stand there";
+    EXPECT_TRUE(disk().contains(L"99 Titel198.mp3"));
+    EXPECT_TRUE(disk().contains(L"98 Titel197.mp3"));
+}
+
 /// Nothing can be written into one folder and those below it.
 class WriteProtection {
   public:

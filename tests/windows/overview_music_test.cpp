@@ -184,6 +184,7 @@ TEST_F(MusicListTest, ADragMovesATitleWithItsLock) {
     open({L"01 A.mp3", L"99 B.mp3", L"03 C.mp3", L"04 D.mp3"});
     drag(placeOf(1), placeOf(2));
     EXPECT_EQ(rows(), L"[A] [C] B [D]");
+    EXPECT_EQ(List1.selectedIndex(), 2) << "the keys go on with it";
     drag(placeOf(2), placeOf(0));
     EXPECT_EQ(rows(), L"B [A] [C] [D]");
     tick();
@@ -202,6 +203,7 @@ TEST_F(MusicListTest, BelowTheLastRowADropAppendsAndAPressDoesNothing) {
     open({L"01 A.mp3", L"99 B.mp3", L"03 C.mp3"});
     drag(placeOf(0), belowRows());
     EXPECT_EQ(rows(), L"B [C] [A]");
+    EXPECT_EQ(List1.selectedIndex(), 2) << "the keys go on with it";
     control.clear();
     drag(placeOf(2), belowRows());
     EXPECT_EQ(rows(), L"B [C] [A]") << "the last one is there already";
