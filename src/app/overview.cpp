@@ -25,8 +25,6 @@ void Overview::open() {
     }
     form.hide();
     recoverFolder(parts_.loop, fileSystem_, folder, &form);
-    // The titles may have other names than when the set-up read them.
-    form.File2.refresh();
     form.File1.setWithHidden(true);
     overview_->open(folder, form.File1.pattern());
 }
@@ -37,14 +35,14 @@ void Overview::make() {
         [this](HWND window) {
             return parts_.surfaces.coloursOf(platform::Monitors::current().areaOf(window));
         },
-        [this] { return parts_.form.File2.entries(); }});
+        [this] { return titles(); }});
     editing_.emplace(parts_.loop, *overview_);
     editing_->listed = [this] { return listed(); };
     editing_->onLeave = [this](std::optional<int> startIndex) { leave(startIndex); };
     operations_.emplace(edit::Operations::Parts{
         parts_.loop, parts_.control, fileSystem_, *overview_, *editing_, parts_.state.EditorPath,
-        [this](const std::wstring& path) { return keepEditor(path); },
-        [this] { return parts_.form.File2.entries(); }, [this] { reload(); }});
+        [this](const std::wstring& path) { return keepEditor(path); }, [this] { return titles(); },
+        [this] { reload(); }});
 }
 
 // The folder is opened anew, so what was interrupted there is put right first.
@@ -56,6 +54,12 @@ void Overview::reload() {
 bool Overview::keepEditor(const std::wstring& path) const {
     const std::wstring kept = platform::storablePath(path, kEditorKey.longest);
     return kept.size() <= kEditorKey.longest && parts_.settings.write(kProgramSection, kEditorKey.name, kept);
+}
+
+// The music list gives the titles other names, of which the set-up's list is not told.
+std::vector<std::wstring> Overview::titles() const {
+    parts_.form.File2.refresh();
+    return parts_.form.File2.entries();
 }
 
 // The main window's list is the show's own.

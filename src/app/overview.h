@@ -49,6 +49,7 @@ class Overview {
     void make();
     void reload();
     std::vector<std::wstring> listed() const;
+    std::vector<std::wstring> titles() const;
     void leave(std::optional<int> startIndex);
     bool keepEditor(const std::wstring& path) const;
 

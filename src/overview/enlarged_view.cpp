@@ -7,6 +7,8 @@
 #include "files/file_filter.h"
 #include "media/film_window.h"
 #include "platform/directory.h"
+#include "platform/error.h"
+#include "platform/file_bytes.h"
 #include "platform/file_time.h"
 #include "text/text_number.h"
 #include "ui/painting.h"
@@ -16,11 +18,33 @@ namespace overview {
 namespace {
 
 constexpr const wchar_t* kMissing = L"Die Datei ist nicht mehr da.";
+constexpr const wchar_t* kInUse = L"Die Datei ist in einem anderen Programm geöffnet.";
+constexpr const wchar_t* kUnreadable = L"Die Datei kann nicht gelesen werden.";
 constexpr const wchar_t* kNoPicture = L"Die Datei ist beschädigt oder kein Bild.";
-constexpr const wchar_t* kNoFilm = L"Der Film kann nicht geöffnet werden.";
+constexpr const wchar_t* kNoFilm =
+    L"Die Datei ist beschädigt oder kein Film, der hier abgespielt werden kann.";
 constexpr float kReasonPoints = 11.0F;
 constexpr ui::Rgb kGround = 0x000000;
 constexpr ui::Rgb kReasonColour = 0xFFFFFF;
+
+/// Why there is nothing to see of a file.
+const wchar_t* reasonOf(const std::wstring& path, bool film) {
+    try {
+        platform::readFileBytes(path, 1);
+    } catch (const platform::Error& error) {
+        switch (error.code()) {
+            case ERROR_FILE_NOT_FOUND:
+            case ERROR_PATH_NOT_FOUND:
+                return kMissing;
+            case ERROR_SHARING_VIOLATION:
+            case ERROR_LOCK_VIOLATION:
+                return kInUse;
+            default:
+                return kUnreadable;
+        }
+    }
+    return film ? kNoFilm : kNoPicture;
+}
 
 }  // namespace
 
@@ -126,7 +150,9 @@ void EnlargedView::layOut() {
     }
     if (filmOpen_) {
         media::fitFilm(parts_.control, parts_.controls.Pic3);
-    } else if (!film_) {
+    } else if (film_) {
+        explain();
+    } else {
         showPicture(pathOf(index_));
     }
 }
@@ -157,13 +183,19 @@ void EnlargedView::place(bool film) {
 void EnlargedView::showButtons(bool shown) {
     for (std::size_t i = 0; i < kPreviewButtons; ++i) {
         ui::PushButton& button = *parts_.controls.Command[i];
-        const bool always = i == 0 || i + 1 == kPreviewButtons;
-        button.setVisible(shown && (always || (film_ && !button.text().empty())));
+        const bool ofEachItem = i == 0 || i + 1 == kPreviewButtons;
+        button.setVisible(shown && (film_ || ofEachItem) && !button.text().empty());
         button.toFront();
     }
     parts_.controls.Ton.setVisible(shown && film_);
     parts_.controls.Ton.toFront();
     if (shown) {
+        takeFocus();
+    }
+}
+
+void EnlargedView::takeFocus() {
+    if (isOpen()) {
         parts_.controls.Command[0]->setFocus();
     }
 }
@@ -183,7 +215,7 @@ void EnlargedView::loaded(std::optional<picture::DecodedPicture> picture) {
     } else if (picture) {
         parts_.controls.Pic3.setImage(picture->pixels);
     } else {
-        explain(kNoPicture);
+        explain();
     }
 }
 
@@ -191,7 +223,7 @@ void EnlargedView::showFilm(const std::wstring& path) {
     media::MediaControl& control = parts_.control;
     filmOpen_ = media::openFilm(control, path, parts_.controls.Pic3).error == 0;
     if (!filmOpen_) {
-        explain(kNoFilm);
+        explain();
     }
     control.send("set VIDEO audio all off");
     media::fitFilm(control, parts_.controls.Pic3);
@@ -200,22 +232,23 @@ void EnlargedView::showFilm(const std::wstring& path) {
     control.send("play VIDEO");
     // Some devices make their window only now.
     media::disableChildren(parts_.controls.Pic3.hwnd());
-    showButtons(true);
     preview_.setLength(text::numericValue(std::string_view(length.text)));
+    showButtons(true);
     preview_.applySound();
     parts_.controls.Pic3.setEnabled(true);
 }
 
-void EnlargedView::explain(const std::wstring& reason) {
-    const bool there = platform::fileExists(pathOf(index_));
-    const std::wstring name = parts_.records.thumbRecords[static_cast<std::size_t>(index_)].fileName;
+void EnlargedView::explain() {
+    const std::wstring& name = parts_.records.thumbRecords[static_cast<std::size_t>(index_)].fileName;
     const SIZE size = parts_.controls.Pic3.clientSize();
+    // What is there may have been drawn for another size.
+    parts_.controls.Pic3.clear();
     RECT place{0, 0, size.cx, size.cy};
     ui::Painting painting(place, kGround);
     InflateRect(&place, -size.cx / 20, -size.cy * 2 / 5);
     ui::FontSpec font = parts_.controls.Pic3.fontSpec();
     font.points = kReasonPoints;
-    painting.text(name + L"\n" + (there ? reason : kMissing), place,
+    painting.text(name + L"\n" + reasonOf(pathOf(index_), film_), place,
                   ui::font(font, parts_.controls.Pic3.dpi()), kReasonColour,
                   DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
     parts_.controls.Pic3.draw([&](HDC dc) { painting.copyTo(dc); });

@@ -41,6 +41,8 @@ class EnlargedView {
     bool isOpen() const { return index_ >= 0; }
     /// The item shown, or -1.
     int index() const { return index_; }
+    /// Gives the keyboard to the buttons; nothing when it is not open.
+    void takeFocus();
     /// Fits box, buttons and what is shown to the form's present size.
     void layOut();
 
@@ -51,12 +53,12 @@ class EnlargedView {
 
   private:
     void place(bool film);
-    void showButtons(bool film);
+    void showButtons(bool shown);
     void showPicture(const std::wstring& path);
     void showFilm(const std::wstring& path);
     void loaded(std::optional<picture::DecodedPicture> picture);
     /// Writes into the box why there is nothing to see.
-    void explain(const std::wstring& reason);
+    void explain();
     std::wstring pathOf(int index) const;
     PreviewTexts textsOf(int index) const;
 

@@ -72,6 +72,8 @@ Form2::Form2(ui::EventLoop& loop, const ui::Window& beside)
       Timer2(loop) {
     setBackground(kGroundColour);
     Notice.setGround(ui::theme::kCard);
+    // It shows the title of an entry.
+    Command[5].setVerbatim(true);
     Command[0].setToolTip(L"SCHLIESSEN");
     Command[1].setToolTip(L"ZURÜCK");
     Command[2].setToolTip(L"PAUSE");

@@ -50,13 +50,21 @@ void MusicList::show() {
     }
 }
 
+bool MusicList::hasFocus() const {
+    return parts_.List1.hasFocus() || parts_.OK.hasFocus() || parts_.CAN.hasFocus();
+}
+
 void MusicList::setVisible(bool visible) {
+    const bool focusLeaves = !visible && hasFocus();
     parts_.caption.setVisible(visible);
     parts_.List1.setVisible(visible);
     parts_.OK.setVisible(visible);
     parts_.CAN.setVisible(visible);
     if (parts_.toggled) {
         parts_.toggled();
+    }
+    if (focusLeaves) {
+        parts_.focusLeft();
     }
 }
 
@@ -140,6 +148,7 @@ void MusicList::move(int from, int to) {
     moveEntry(order_, from, to);
     parts_.List1.remove(from);
     parts_.List1.insert(to, moved.title, moved.plays ? 1 : 0);
+    parts_.List1.setSelectedIndex(to);
 }
 
 void MusicList::setHighlights() {

@@ -29,6 +29,8 @@ class MusicList {
         RenameMusic rename;
         /// The list and its buttons were shown or hidden.
         std::function<void()> toggled;
+        /// What had the keyboard was hidden: it belongs elsewhere now.
+        std::function<void()> focusLeft;
         /// Told one German sentence when OK was refused; the list stays as it is.
         std::function<void(const std::wstring& sentence)> refused;
     };
@@ -41,6 +43,8 @@ class MusicList {
     bool hasTitles() const { return !saved_.empty(); }
     /// Shows the list with its buttons; without titles it stays hidden.
     void show();
+    /// Whether the list or one of its buttons has the keyboard.
+    bool hasFocus() const;
 
   private:
     void fill();

@@ -54,7 +54,7 @@ Overview::Overview(const Parts& parts)
               [this](const std::wstring& folder, const std::vector<MusicEntry>& order) {
                   return musicFiles_.rename(folder, order);
               },
-              [this] { form_.layOut(); },
+              [this] { form_.layOut(); }, [this] { takeFocus(); },
               [this](const std::wstring& sentence) {
                   ui::messageBox(&form_, sentence, kMusicTitle, ui::MessageIcon::Exclamation);
               }}) {
@@ -120,8 +120,8 @@ void Overview::wireEnlarged() {
         if (index >= 0) {
             drag_.cancel();
             selection_.select(index);
-        } else {
-            form_.Grid.setFocus();
+        } else if (!music_.hasFocus()) {
+            takeFocus();
         }
     };
     enlarged_.onPlaced = [this](const ui::TwipsRect& row) { form_.setRow(row); };
@@ -129,7 +129,19 @@ void Overview::wireEnlarged() {
     form_.onLaidOut = [this] { enlarged_.layOut(); };
 }
 
+void Overview::takeFocus() {
+    if (enlarged_.isOpen()) {
+        enlarged_.takeFocus();
+    } else {
+        form_.Grid.setFocus();
+    }
+}
+
+// The music list may stand beside the item, and its rows need the arrows too.
 bool Overview::keyWhileEnlarged(int key) {
+    if (key != VK_ESCAPE && music_.hasFocus()) {
+        return false;
+    }
     switch (key) {
         case VK_ESCAPE:
             enlarged_.close();

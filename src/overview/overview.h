@@ -74,6 +74,8 @@ class Overview {
     void wire();
     void wireEnlarged();
     bool keyWhileEnlarged(int key);
+    /// Gives the keyboard to what is shown: the thumbnails or the enlarged item.
+    void takeFocus();
 
     ui::EventLoop& loop_;
     std::function<std::vector<std::wstring>()> musicNames_;

@@ -12,12 +12,19 @@ namespace {
 
 constexpr int kInfos = 4;
 constexpr double kMsPerSecond = 1000.0;
+/// The box of a switch has no edge of its own, other than a button.
+constexpr ui::Twips kSoundIndent = 90;
 
 bool hasSomething(PreviewInfo info, const PreviewTexts& texts) {
     return info == PreviewInfo::Position ? texts.film : !previewText(info, texts).empty();
 }
 
 }  // namespace
+
+PreviewInfo firstPreviewInfo(const PreviewTexts& texts) {
+    const PreviewInfo wanted = texts.film ? PreviewInfo::Position : PreviewInfo::Date;
+    return hasSomething(wanted, texts) ? wanted : nextPreviewInfo(wanted, texts);
+}
 
 PreviewInfo nextPreviewInfo(PreviewInfo now, const PreviewTexts& texts) {
     for (int step = 1; step < kInfos; ++step) {
@@ -69,11 +76,12 @@ PreviewLayout layoutPreview(const ui::TwipsRect& area, ui::Twips rowHeight, ui::
     layout.box = {area.left + (area.width - width) / 2, area.top + (room - height) / 2, width, height};
     const ui::Twips top = layout.box.top + height;
     ui::Twips left = layout.box.left;
-    layout.sound = {left, top, soundWidth, rowHeight};
+    layout.sound = {left + kSoundIndent, top, std::max(0.0F, soundWidth - kSoundIndent), rowHeight};
     left += soundWidth;
     for (std::size_t i = 0; i < kPreviewButtons; ++i) {
         const bool last = i + 1 == kPreviewButtons;
-        const ui::Twips own = last ? std::max(widths[i], layout.box.left + width - left) : widths[i];
+        const ui::Twips rest = std::max(0.0F, layout.box.left + width - left);
+        const ui::Twips own = last ? rest : std::min(widths[i], rest);
         layout.buttons[i] = {left, top, own, rowHeight};
         left += own;
     }

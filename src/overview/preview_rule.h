@@ -24,6 +24,10 @@ struct PreviewTexts {
     bool film = false;  ///< only a film has a position
 };
 
+/// What an item begins with: a film with its position, a picture with its date, or with the next that has
+/// something to show.
+PreviewInfo firstPreviewInfo(const PreviewTexts& texts);
+
 /// What a click leads to: the next of the four that has something to show, the first one after the last. With
 /// nothing else to show it stays.
 PreviewInfo nextPreviewInfo(PreviewInfo now, const PreviewTexts& texts);
@@ -54,7 +58,8 @@ struct PreviewLayout {
 /// Lays the enlarged view out within `area`: the largest box of 4:3 that leaves room for the row below it,
 /// centred; below it, from the left, the switch for the sound (`soundWidth`) and the buttons, each directly
 /// right of the one before. A width of 0 stands for what is not shown and takes no room; the last button
-/// takes what is left of the box's width, at least its own width. An area with no room gives an empty box.
+/// takes what is left of the box's width. Nothing goes beyond the box. An area with no room gives an empty
+/// one.
 PreviewLayout layoutPreview(const ui::TwipsRect& area, ui::Twips rowHeight, ui::Twips soundWidth,
                             const std::array<ui::Twips, kPreviewButtons>& widths);
 

@@ -31,7 +31,7 @@ VideoPreview::VideoPreview(media::MediaControl& control, const PreviewControls& 
 void VideoPreview::begin(PreviewTexts texts) {
     texts_ = std::move(texts);
     videoLengthText.clear();
-    previewInfoMode = texts_.film ? PreviewInfo::Position : PreviewInfo::Date;
+    previewInfoMode = firstPreviewInfo(texts_);
     if (!texts_.film) {
         showInfo();
     }

@@ -27,8 +27,7 @@ class VideoPreview {
   public:
     VideoPreview(media::MediaControl& control, const PreviewControls& controls);
 
-    /// An item was enlarged: what there is to show of it. The last button begins with a film's position and
-    /// with a picture's date.
+    /// An item was enlarged: what there is to show of it. Where that is nothing the last button is empty.
     void begin(PreviewTexts texts);
     /// The open film's length in ms; its position is shown from now on.
     void setLength(double ms);
@@ -37,7 +36,7 @@ class VideoPreview {
     /// Stops the display and closes what is open under VIDEO.
     void stop();
 
-    /// What the last button shows; kept from item to item.
+    /// What the last button shows.
     PreviewInfo previewInfoMode = PreviewInfo::Date;
     /// The film's length in seconds, as text.
     std::wstring videoLengthText;

@@ -148,10 +148,16 @@ void PushButton::setText(const std::wstring& text) {
     repaint();
 }
 
+void PushButton::setVerbatim(bool verbatim) {
+    verbatim_ = verbatim;
+    repaint();
+}
+
 void PushButton::drawFace(Painting& painting, const RECT& face, Rgb colour) {
     const LRESULT cues = SendMessageW(hwnd(), WM_QUERYUISTATE, 0, 0);
     const UINT hide = (cues & UISF_HIDEACCEL) != 0 ? DT_HIDEPREFIX : 0;
-    painting.text(text(), face, fontHandle(), colour, DT_CENTER | DT_VCENTER | DT_SINGLELINE | hide);
+    const UINT form = verbatim_ ? DT_NOPREFIX | DT_END_ELLIPSIS : hide;
+    painting.text(text(), face, fontHandle(), colour, DT_CENTER | DT_VCENTER | DT_SINGLELINE | form);
 }
 
 PictureButton::PictureButton(const CreateArgs& args, Path glyph, float side, float share, ButtonLook look)

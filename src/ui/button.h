@@ -61,9 +61,16 @@ class PushButton : public Button {
     }
 
     void setText(const std::wstring& text) override;
+    /// Whether the text is shown as it is: "&" underlines no letter, and what is too long ends in an
+    /// ellipsis. For texts that its user wrote.
+    void setVerbatim(bool verbatim);
+    bool underlines() const override { return !verbatim_; }
 
   protected:
     void drawFace(Painting& painting, const RECT& face, Rgb colour) override;
+
+  private:
+    bool verbatim_ = false;
 };
 
 /// A button with a picture: a shape made for a square of a given side, scaled to the face. Its text names the

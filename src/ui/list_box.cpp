@@ -197,9 +197,17 @@ bool ListBox::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
         case WM_LBUTTONUP:
         case WM_RBUTTONUP:
             result = callSystem(message, w, l);
+            if (multiple_) {
+                // The frame that showed where the pointer was.
+                repaint();
+            }
             if (onReleased) {
                 onReleased(mouseEvent(message, w, l));
             }
+            return true;
+        case WM_UPDATEUISTATE:
+            result = callSystem(message, w, l);
+            repaint();
             return true;
         case WM_LBUTTONDBLCLK:
             result = callSystem(message, w, l);
@@ -248,8 +256,13 @@ void ListBox::drawRow(const DRAWITEMSTRUCT& row) const {
                      row.rcItem.bottom};
     painting.text(item(static_cast<int>(row.itemID)), place, fontHandle(), theme::kText,
                   DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
-    // Where many are selected the one that the keys work on is not told by its ground.
-    if (multiple_ && (row.itemState & ODS_FOCUS) != 0 && (row.itemState & ODS_NOFOCUSRECT) == 0) {
+    // Where many are selected the one that the keys work on is not told by its ground, nor is the one that
+    // the pointer drags to, which the focus follows.
+    const auto framed = [&] {
+        const LRESULT cues = SendMessageW(hwnd(), WM_QUERYUISTATE, 0, 0);
+        return (cues & UISF_HIDEFOCUS) == 0 || GetCapture() == hwnd();
+    };
+    if (multiple_ && (row.itemState & ODS_FOCUS) != 0 && framed()) {
         const float width = std::max(1.0F, kFocusWidth / twipsPerPixel(dpi()));
         painting.shape(
             Path().roundRectOutline(static_cast<float>(row.rcItem.left), static_cast<float>(row.rcItem.top),
@@ -261,6 +274,9 @@ void ListBox::drawRow(const DRAWITEMSTRUCT& row) const {
 }
 
 bool ListBox::onKeyDown(int key, bool repeated) {
+    if (multiple_) {
+        SendMessageW(hwnd(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+    }
     if ((key != VK_RETURN || !onReturn) && (key != VK_SPACE || !onSpace)) {
         return false;
     }

@@ -135,6 +135,9 @@ runSoundTests() {
     heard "without music there is silence" 15 staysSilent 5
     soundProgramEnd
     soundProbe
+    # shellcheck source=tests/program/audition_sound_test.sh
+    . tests/program/audition_sound_test.sh
+    runAuditionSound
     soundlessShow
     rm -rf "$soundFolder"
     echo "sound: $((failed - before)) failed"

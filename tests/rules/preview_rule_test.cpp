@@ -24,6 +24,19 @@ TEST(PreviewInfoTest, PassesOverWhatThereIsNothingFor) {
     EXPECT_EQ(nextPreviewInfo(PreviewInfo::Name, texts), PreviewInfo::Name);
 }
 
+TEST(PreviewInfoTest, AnItemBeginsWithTheFirstThatItHas) {
+    EXPECT_EQ(firstPreviewInfo(kFilm), PreviewInfo::Position);
+    PreviewTexts picture = kFilm;
+    picture.film = false;
+    EXPECT_EQ(firstPreviewInfo(picture), PreviewInfo::Date);
+    picture.date.clear();
+    EXPECT_EQ(firstPreviewInfo(picture), PreviewInfo::Name);
+    picture.name.clear();
+    EXPECT_EQ(firstPreviewInfo(picture), PreviewInfo::Title);
+    picture.title.clear();
+    EXPECT_EQ(previewText(firstPreviewInfo(picture), picture), L"") << "there is nothing";
+}
+
 TEST(PreviewInfoTest, ShowsTheTextOfItsMode) {
     EXPECT_EQ(previewText(PreviewInfo::Title, kFilm), kFilm.title);
     EXPECT_EQ(previewText(PreviewInfo::Date, kFilm), kFilm.date);
@@ -58,7 +71,7 @@ constexpr std::array<ui::Twips, kPreviewButtons> kWidths{500, 500, 500, 500, 0, 
 TEST(PreviewLayoutTest, TheBoxIsAsLargeAsTheRowBelowItLetsItBe) {
     const PreviewLayout layout = layoutPreview({100, 200, 8000, 6400}, 400, 1000, kWidths);
     EXPECT_EQ(layout.box, (ui::TwipsRect{100, 200, 8000, 6000}));
-    EXPECT_EQ(layout.sound, (ui::TwipsRect{100, 6200, 1000, 400}));
+    EXPECT_EQ(layout.sound, (ui::TwipsRect{190, 6200, 910, 400})) << "a little into the row";
     EXPECT_EQ(layout.buttons[0], (ui::TwipsRect{1100, 6200, 500, 400}));
     EXPECT_EQ(layout.buttons[1], (ui::TwipsRect{1600, 6200, 500, 400}));
     EXPECT_EQ(layout.buttons[3], (ui::TwipsRect{2600, 6200, 500, 400}));
@@ -83,6 +96,9 @@ TEST(PreviewLayoutTest, BoxAndRowStayInsideTheArea) {
         EXPECT_LE(layout.box.left + layout.box.width, area.left + area.width + 0.5F);
         EXPECT_LE(layout.buttons[0].top + 390, area.top + area.height + 0.5F);
         EXPECT_NEAR(layout.box.width * 3, layout.box.height * 4, 2);
+        for (const ui::TwipsRect& button : layout.buttons) {
+            EXPECT_LE(button.left + button.width, layout.box.left + layout.box.width + 0.5F);
+        }
     }
 }
 

@@ -200,6 +200,28 @@ TEST(Button, IsWorkedByMouseSpaceReturnAndCode) {
     EXPECT_EQ(clicks, 5);
 }
 
+TEST(Button, AVerbatimTextUnderlinesNothing) {
+    TestForm test;
+    const auto painted = [&](const std::wstring& text, bool verbatim, wchar_t key = 0) {
+        CreateArgs args = test.args(1);
+        args.text = text;
+        PushButton button(args);
+        button.setVerbatim(verbatim);
+        EXPECT_EQ(button.accessKey(), key) << verbatim;
+        std::vector<COLORREF> pixels;
+        const SIZE size = button.clientSize();
+        for (int y = 0; y < size.cy; ++y) {
+            for (int x = 0; x < size.cx; ++x) {
+                pixels.push_back(pixelOf(button, x, y));
+            }
+        }
+        return pixels;
+    };
+    EXPECT_EQ(painted(L"Haus &Hof", true), painted(L"Haus &&Hof", false));
+    EXPECT_NE(painted(L"Haus &Hof", true), painted(L"Haus &Hof", false, L'H'));
+    EXPECT_EQ(painted(L"Meer", true), painted(L"Meer", false));
+}
+
 TEST(Button, DrawsItsStates) {
     TestForm test;
     PictureButton button(test.args(1), Path().rect(0, 0, 10, 10), 10, 0.5F);

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+#include "platform/handles.h"
 #include "platform/short_path.h"
 #include "support/colours.h"
 #include "support/picture_writer.h"
@@ -153,6 +154,20 @@ TEST_F(EnlargedViewTest, BesideAPictureStandsItsDateAndWhatElseThereIs) {
     Command[5]->click();
     EXPECT_THAT(info(), HasSubstr(L":")) << "a picture has no position";
     EXPECT_FALSE(Timer1.enabled());
+}
+
+TEST_F(EnlargedViewTest, TheLastButtonPassesOverWhatThereIsNot) {
+    add(L"fehlt.jpg");
+    view.enlarge(0);
+    EXPECT_EQ(info(), L"fehlt") << "a file that is gone has no date";
+    EXPECT_TRUE(Command[5]->visible());
+    add(L".jpg");
+    view.enlarge(1);
+    EXPECT_TRUE(Command[0]->visible());
+    EXPECT_FALSE(Command[5]->visible()) << "without a caption it is not shown";
+    film(L"b.mpg");
+    view.enlarge(2);
+    EXPECT_TRUE(Command[5]->visible());
 }
 
 TEST_F(EnlargedViewTest, AFilmIsOpenedSilentAndPlayed) {
@@ -316,6 +331,50 @@ TEST_F(EnlargedViewTest, WhatCannotBeShownSaysWhy) {
     view.enlarge(2);
     EXPECT_GT(whitePixels(), 50);
     EXPECT_TRUE(Command[0]->visible());
+}
+
+// The sentences cannot be read from pixels, but each is another one.
+TEST_F(EnlargedViewTest, EachReasonHasASentenceOfItsOwn) {
+    const std::wstring path = folder.file(L"a.jpg", "no picture");
+    add(L"a.jpg");
+    const auto reason = [this] {
+        view.enlarge(0);
+        EXPECT_TRUE(waitFor([&] { return whitePixels() > 50; }));
+        return Pic3.image().pixels().data;
+    };
+    const auto damaged = reason();
+    EXPECT_EQ(reason(), damaged);
+    std::optional<platform::File> other(
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    ASSERT_TRUE(*other);
+    const auto inUse = reason();
+    EXPECT_NE(inUse, damaged);
+    other.reset();
+    ASSERT_NE(DeleteFileW(path.c_str()), FALSE);
+    const auto missing = reason();
+    EXPECT_NE(missing, damaged);
+    EXPECT_NE(missing, inUse);
+}
+
+TEST_F(EnlargedViewTest, TheReasonFollowsTheForm) {
+    film(L"b.mpg");
+    control.replyTo(open(L"b.mpg"), "", 277);
+    view.enlarge(0);
+    ASSERT_GT(whitePixels(), 50);
+    area = {0, 0, 5000, 4140};
+    view.layOut();
+    EXPECT_EQ(Pic3.image().width(), Pic3.clientSize().cx);
+    EXPECT_GT(whitePixels(), 50);
+}
+
+TEST_F(EnlargedViewTest, APictureThatIsGoneMeanwhileSaysSoWhenItIsDrawnAnew) {
+    picture(L"a.jpg", kRed);
+    view.enlarge(0);
+    ASSERT_TRUE(shows(kRed));
+    ASSERT_NE(DeleteFileW((folder / L"a.jpg").c_str()), FALSE);
+    area = {0, 0, 5000, 4140};
+    view.layOut();
+    EXPECT_TRUE(waitFor([&] { return whitePixels() > 50; }));
 }
 
 TEST_F(EnlargedViewTest, AnIndexWithoutAnItemDoesNothing) {

@@ -2,7 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include "platform/handles.h"
 #include "support/test_form.h"
+#include "ui/painting.h"
+#include "ui/theme.h"
 
 namespace ui {
 namespace {
@@ -92,6 +95,78 @@ TEST(ListBox, FindsTheItemAtAPlace) {
     }
     EXPECT_EQ(list.itemAt(5, 3 * height - 1), 2);
     EXPECT_EQ(list.itemAt(5, 3 * height), -1) << "below the last one";
+}
+
+/// A window whose focus is not shown until it asks for that, on systems too that always show it.
+class HiddenFocus {
+  public:
+    explicit HiddenFocus(HWND window) : window_(window) {
+        hidden() = true;
+        system() = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(answer)));
+    }
+    ~HiddenFocus() { SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(system())); }
+    HiddenFocus(const HiddenFocus&) = delete;
+    HiddenFocus& operator=(const HiddenFocus&) = delete;
+
+  private:
+    static bool& hidden() {
+        static bool state = false;
+        return state;
+    }
+    static WNDPROC& system() {
+        static WNDPROC procedure = nullptr;
+        return procedure;
+    }
+    static LRESULT CALLBACK answer(HWND window, UINT message, WPARAM w, LPARAM l) {
+        if (message == WM_QUERYUISTATE) {
+            return hidden() ? UISF_HIDEFOCUS : 0;
+        }
+        if (message == WM_CHANGEUISTATE && w == MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS)) {
+            hidden() = false;
+        }
+        return CallWindowProcW(system(), window, message, w, l);
+    }
+
+    HWND window_;
+};
+
+// Also where the keyboard was never used, and so no focus is shown.
+TEST(ListBox, OfMultipleSelectionFramesTheRowUnderThePointerThatDrags) {
+    TestForm test;
+    ListBox list(test.args(1, {150, 150, 3000, 3000}), ListBox::Selection::Multiple);
+    for (int i = 0; i < 4; ++i) {
+        list.add(L"Titel");
+    }
+    const HiddenFocus hidden(list.hwnd());
+    const auto placeOf = [&](int row) {
+        RECT place{};
+        SendMessageW(list.hwnd(), LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+        return place;
+    };
+    const auto framed = [&] {
+        std::vector<int> rows;
+        UpdateWindow(list.hwnd());
+        const platform::WindowDc dc(list.hwnd());
+        for (int row = 0; row < list.count(); ++row) {
+            const RECT place = placeOf(row);
+            if (GetPixel(dc.get(), place.left, (place.top + place.bottom) / 2) == colorref(theme::kAccent)) {
+                rows.push_back(row);
+            }
+        }
+        return rows;
+    };
+    const auto middle = [&](int row) { return static_cast<int>(placeOf(row).top + placeOf(row).bottom) / 2; };
+    list.setFocus();
+    EXPECT_THAT(framed(), ElementsAre());
+    test.press(list, 20, middle(1));
+    EXPECT_THAT(framed(), ElementsAre(1));
+    SendMessageW(list.hwnd(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(20, middle(3)));
+    EXPECT_EQ(framed().size(), 1U) << "where the system's list takes the focus along, there";
+    test.release(list, 20, middle(3));
+    EXPECT_THAT(framed(), ElementsAre());
+    test.key(VK_HOME);
+    EXPECT_THAT(framed(), ElementsAre(0)) << "the keyboard is being used";
 }
 
 TEST(ListBox, HighlightsAreSetInSilenceAndInPlace) {

@@ -140,6 +140,34 @@ TEST_F(OverviewDiskTest, AFileThatWasChangedSinceIsLeftAlone) {
     EXPECT_THAT(refusal(), HasSubstr(L"02 Sturm.mp3"));
 }
 
+TEST_F(OverviewDiskTest, AFileThatIsOpenElsewhereKeepsAllTheirNames) {
+    open({L"01 Meer.mp3", L"02 Sturm.mp3", L"03 Abend.mp3"});
+    drag(2, 0);
+    const platform::File other(CreateFileW((stage.pictures / L"02 Sturm.mp3").c_str(), GENERIC_READ,
+                                           FILE_SHARE_READ, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
+                                           nullptr));
+    ASSERT_TRUE(other);
+    EXPECT_EQ(refusal(), L"\"02 Sturm.mp3\" ist in einem anderen Programm geöffnet.");
+}
+
+TEST_F(OverviewDiskTest, OnPlace99NothingCanPlay) {
+    std::vector<std::wstring> names;
+    for (int i = 100; i < 199; ++i) {
+        names.push_back(L"Titel" + std::to_wstring(i) + L".mp3");
+    }
+    open(names);
+    EXPECT_THAT(refusal(), HasSubstr(L"Platz 99"));
+    form().List1.setTopIndex(98);
+    click(98);
+    ASSERT_EQ(form().List1.itemData(98), 0);
+    const support::MessageBoxes boxes;
+    form().OK.click();
+    EXPECT_THAT(boxes.seen(), IsEmpty());
+    EXPECT_FALSE(form().List1.visible()) << "locked it may stand there";
+    EXPECT_TRUE(disk().contains(L"99 Titel198.mp3"));
+    EXPECT_TRUE(disk().contains(L"98 Titel197.mp3"));
+}
+
 /// Nothing can be written into one folder and those below it.
 class WriteProtection {
   public:
@@ -244,6 +272,32 @@ TEST(OverviewRecovery, TheMusicListHasTheNamesThatRecoveryLeaves) {
     ASSERT_EQ(opened.form().List1.count(), 2);
     EXPECT_EQ(opened.form().List1.item(0), L"Sturm");
     EXPECT_EQ(opened.form().List1.item(1), L"Meer");
+}
+
+// The list of the set-up was read before the music got other names.
+TEST(OverviewReload, TheMusicListHasTheNamesThatItGave) {
+    support::AppStage stage;
+    stage.picture(L"a.jpg");
+    stage.pictures.file(L"01 Meer.mp3", "meer");
+    stage.pictures.file(L"02 Sturm.mp3", "sturm");
+    stage.loadFolder();
+    stage.form().CTRL.click();
+    ASSERT_NE(stage.application->overview(), nullptr);
+    Overview& opened = *stage.application->overview();
+    const auto lockFirst = [&] {
+        opened.music().show();
+        opened.form().List1.setSelectedIndex(0);
+        SendMessageW(opened.form().List1.hwnd(), WM_KEYDOWN, VK_SPACE, 1);
+        const support::MessageBoxes boxes;
+        opened.form().OK.click();
+        EXPECT_THAT(boxes.seen(), IsEmpty());
+    };
+    lockFirst();
+    EXPECT_EQ(titlesOn(stage.pictures), (Disk{{L"99 Meer.mp3", "meer"}, {L"02 Sturm.mp3", "sturm"}}));
+    opened.reload();
+    EXPECT_EQ(opened.form().List1.item(0), L"Sturm") << "in the order of the names";
+    lockFirst();
+    EXPECT_EQ(titlesOn(stage.pictures), (Disk{{L"99 Sturm.mp3", "sturm"}, {L"99 Meer.mp3", "meer"}}));
 }
 
 TEST(OverviewMonitor, TheWindowLiesInTheWorkAreaOfTheMonitorOfTheSetUp) {

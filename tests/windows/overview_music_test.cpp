@@ -31,7 +31,8 @@ class MusicListTest : public testing::Test {
                                  commandsAtRename = control.commands();
                                  return answer;
                              },
-                             [] {}, [this](const std::wstring& sentence) { refusals.push_back(sentence); }});
+                             [] {}, [this] { ++focusLeft; },
+                             [this](const std::wstring& sentence) { refusals.push_back(sentence); }});
     }
 
     /// Makes the files and shows the list.
@@ -96,6 +97,7 @@ class MusicListTest : public testing::Test {
     std::wstring renamedIn;
     Commands commandsAtRename;
     Names refusals;
+    int focusLeft = 0;
 
   private:
     template <typename Plays>
@@ -182,6 +184,7 @@ TEST_F(MusicListTest, ADragMovesATitleWithItsLock) {
     open({L"01 A.mp3", L"99 B.mp3", L"03 C.mp3", L"04 D.mp3"});
     drag(placeOf(1), placeOf(2));
     EXPECT_EQ(rows(), L"[A] [C] B [D]");
+    EXPECT_EQ(List1.selectedIndex(), 2) << "the keys go on with it";
     drag(placeOf(2), placeOf(0));
     EXPECT_EQ(rows(), L"B [A] [C] [D]");
     tick();
@@ -200,6 +203,7 @@ TEST_F(MusicListTest, BelowTheLastRowADropAppendsAndAPressDoesNothing) {
     open({L"01 A.mp3", L"99 B.mp3", L"03 C.mp3"});
     drag(placeOf(0), belowRows());
     EXPECT_EQ(rows(), L"B [C] [A]");
+    EXPECT_EQ(List1.selectedIndex(), 2) << "the keys go on with it";
     control.clear();
     drag(placeOf(2), belowRows());
     EXPECT_EQ(rows(), L"B [C] [A]") << "the last one is there already";
@@ -384,6 +388,30 @@ TEST_F(MusicListTest, AbbruchDropsTheChanges) {
     engine->show();
     EXPECT_EQ(rows(), L"[Meer] Sturm [Abend]");
     EXPECT_EQ(highlights(), L"[Meer] Sturm [Abend]");
+}
+
+TEST_F(MusicListTest, HiddenItLeavesTheKeyboardToOthers) {
+    ui::PushButton other{test.args(5, {3000, 4000, 1000, 450})};
+    open(kThree);
+    EXPECT_EQ(focusLeft, 0);
+    for (ui::Control* const focused : {static_cast<ui::Control*>(&List1), static_cast<ui::Control*>(&CAN)}) {
+        focusLeft = 0;
+        engine->show();
+        focused->setFocus();
+        ASSERT_TRUE(engine->hasFocus());
+        CAN.click();
+        EXPECT_EQ(focusLeft, 1);
+        EXPECT_FALSE(engine->hasFocus());
+    }
+    engine->show();
+    OK.click();
+    EXPECT_EQ(focusLeft, 2);
+    engine->show();
+    other.setFocus();
+    engine->load(kThree, true);
+    EXPECT_TRUE(allHidden());
+    EXPECT_EQ(focusLeft, 2) << "it had the keyboard no more";
+    EXPECT_TRUE(other.hasFocus());
 }
 
 }  // namespace
