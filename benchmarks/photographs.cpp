@@ -24,6 +24,8 @@ struct Size {
     int height = 0;
 };
 
+constexpr Size kSmall = {800, 600};
+
 Size sizeOf(int megapixels) {
     const int width = static_cast<int>(std::lround(std::sqrt(megapixels * 1.5e6) / 10)) * 10;
     return {width, static_cast<int>(std::lround(megapixels * 1e6 / width))};
@@ -120,6 +122,14 @@ std::wstring markedFolder(int count) {
     return folder;
 }
 
+std::wstring smallFolder() {
+    const std::wstring folder = temporaryFolder() + L"\\small";
+    if (!std::filesystem::exists(folder)) {
+        writeMarkedFolder(folder, kMarkCount, kSmall, kSmall.width / 2);
+    }
+    return folder;
+}
+
 std::wstring cameraFolder(const CameraFolder& kind) {
     const std::wstring folder = temporaryFolder() + L"\\camera" + std::to_wstring(kind.count) +
                                 (kind.thumbnails ? L"t" : L"") + (kind.store ? L"s" : L"");
@@ -131,7 +141,6 @@ std::wstring cameraFolder(const CameraFolder& kind) {
 
 void writePhotographsForPeers(const std::wstring& folder) {
     constexpr int kLarge = 200;
-    constexpr Size kSmall = {800, 600};
     writeMarkedFolder(folder + L"\\large", kLarge, sizeOf(kMarkedMegapixels), kMarkWidth);
     writeMarkedFolder(folder + L"\\small", kMarkCount, kSmall, kSmall.width / 2);
 }

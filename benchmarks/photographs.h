@@ -18,6 +18,10 @@ inline constexpr int kMarkCount = 3;
 /// lives in temporaryFolder(). No backslash at its end.
 std::wstring markedFolder(int count);
 
+/// A folder of kMarkCount pictures of 800 x 600 whose left half is a mark, kMarks[0] first. Made on first
+/// use; lives in temporaryFolder(). No backslash at its end.
+std::wstring smallFolder();
+
 /// What a folder of a camera's pictures holds besides these.
 struct CameraFolder {
     int count = 0;

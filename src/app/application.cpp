@@ -4,7 +4,6 @@
 
 #include <exception>
 
-#include "app/first_picture.h"
 #include "app/folder_recovery.h"
 #include "app/option_set.h"
 #include "app/resource_ids.h"
@@ -23,9 +22,10 @@ Application::Application(ui::EventLoop& loop, media::MediaControl& control, cons
     : loop_(loop),
       settings_(withBackslash(programDir) + std::wstring(kSettingsFile)),
       surfaces_(settings_),
-      form_(loop, prepareFirstPicture(pictures_, surfaces_, parameters)),
+      first_(pictures_, surfaces_, parameters),
+      form_(loop, parameters.runAtOnce, first_.curtain()),
       tray_(form_.hwnd(), LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(PANORELL_ICON)), kTrayTip),
-      show_(loop, control, form_, surfaces_, pictures_),
+      show_(loop, control, form_, surfaces_, first_),
       setup_({loop, form_, state_, settings_, show_.music(), show_.video()}),
       shutdown_({loop, control, tray_, setup_.parameters(), state_, form_.Pic2, form_.Pic3}),
       overview_({loop, control, form_, tray_, surfaces_, show_.music(), show_.video(), shutdown_, state_,
@@ -111,30 +111,39 @@ bool Application::typed(wchar_t character) {
 }
 
 void Application::load(const std::wstring& parameterText) {
-    form_.applyRegion();
     if (!form_.concealed()) {
-        form_.show();
+        form_.showSetup();
         loop_.doEvents();
     }
+    try {
+        loadBehind(parameterText);
+    } catch (const std::exception&) {
+        setup_.browser().setPreviewing(show_.screen().inSetup());
+        showUnlessSeen();
+        throw;
+    }
+    showUnlessSeen();
+}
+
+// Of a show that starts at once only the first picture is seen yet.
+void Application::loadBehind(const std::wstring& parameterText) {
     setup_.load(parameterText);
     tray_.add();
     form_.CTRL.setEnabled(true);
     form_.Screen2.setValue(state_.SecondScreen);
     if (parseParameters(parameterText).runAtOnce) {
-        runAtOnce();
+        begin(&Show::run);
     }
 }
 
 // Where nothing can be shown the set-up comes up after all, whatever was in the way.
-void Application::runAtOnce() {
-    try {
-        begin(&Show::run);
-    } catch (const std::exception&) {
-        setup_.browser().setPreviewing(show_.screen().inSetup());
-        form_.show();
-        throw;
+void Application::showUnlessSeen() {
+    if (form_.visible()) {
+        return;
     }
-    if (!form_.visible()) {
+    if (show_.screen().inSetup()) {
+        form_.showSetup();
+    } else {
         form_.show();
     }
 }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/first_picture.h"
 #include "app/form1.h"
 #include "app/overview.h"
 #include "app/parameter_text.h"
@@ -23,8 +24,8 @@ namespace app {
 class Application {
   public:
     /// `control` carries out the media commands; `programDir` is where the settings file lies. Where
-    /// `parameters` start a show at once, its first picture is begun already, and the set-up is not seen
-    /// unless there is nothing to show.
+    /// `parameters` start a show at once, its first picture is on the screen already, and the set-up is not
+    /// seen unless there is nothing to show.
     Application(ui::EventLoop& loop, media::MediaControl& control, const std::wstring& programDir,
                 const Parameters& parameters = {});
 
@@ -46,7 +47,8 @@ class Application {
     void wireWindow();
     bool typed(wchar_t character);
     void begin(void (Show::*how)());
-    void runAtOnce();
+    void loadBehind(const std::wstring& parameterText);
+    void showUnlessSeen();
 
     ui::EventLoop& loop_;
     files::WindowsFileSystem fileSystem_;
@@ -54,6 +56,7 @@ class Application {
     platform::ProfileFile settings_;
     SurfaceSettings surfaces_;
     show::PictureAhead pictures_;
+    FirstPicture first_;
     Form1 form_;
     platform::TrayIcon tray_;
     Show show_;

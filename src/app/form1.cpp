@@ -57,13 +57,14 @@ CreateArgs withFont(CreateArgs args, const ui::FontSpec& font) {
 
 }  // namespace
 
-Form1::Form1(ui::EventLoop& loop, bool concealed)
+Form1::Form1(ui::EventLoop& loop, bool concealed, const ui::Curtain* curtain)
     : Form({.className = L"Form1",
             .title = L"Panorell",
             .width = layout::kWindow.width,
             .height = layout::kWindow.height,
             .borderless = true,
-            .concealed = concealed}),
+            .concealed = concealed,
+            .curtain = curtain}),
       Drive1(tab(*this, ui::id::kDrive1, layout::kDrive1)),
       Dir1(tab(*this, ui::id::kDir1, layout::kDir1)),
       Typ{ui::OptionButton(first(*this, ui::id::kTyp, layout::typ(0), L"alle"), typGroup_),
@@ -212,7 +213,18 @@ void Form1::wirePause() {
     };
 }
 
+void Form1::showSetup() {
+    dropCurtain();
+    applyRegion();
+    show();
+}
+
+void Form1::dropCurtain() {
+    Form::dropCurtain(layout::kWindow.width, layout::kWindow.height);
+}
+
 void Form1::applyRegion() {
+    rounded_ = true;
     RECT window{};
     GetWindowRect(hwnd(), &window);
     // The window owns the region from here on.
@@ -223,7 +235,9 @@ void Form1::applyRegion() {
 }
 
 void Form1::dropRegion() {
-    SetWindowRgn(hwnd(), nullptr, TRUE);
+    if (std::exchange(rounded_, false)) {
+        SetWindowRgn(hwnd(), nullptr, TRUE);
+    }
 }
 
 ui::Rgb Form1::groundAt(POINT place) const {

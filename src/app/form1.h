@@ -29,11 +29,16 @@ namespace app {
 /// their names and lies them out; what happens at their events is wired by the application.
 class Form1 : public ui::Form {
   public:
-    /// `concealed`: for a show that starts at once; the set-up is not seen unless the form is shown.
-    explicit Form1(ui::EventLoop& loop, bool concealed = false);
+    /// `concealed`: for a show that starts at once; the set-up is not seen unless it is shown. `curtain`: see
+    /// ui::Form.
+    explicit Form1(ui::EventLoop& loop, bool concealed = false, const ui::Curtain* curtain = nullptr);
 
     /// Rounds the window's corners.
     void applyRegion();
+    /// Brings the window up as the set-up, whatever was to be seen before.
+    void showSetup();
+    /// Takes a curtain off the screen: the show comes up elsewhere.
+    void dropCurtain();
     /// Makes the window rectangular again.
     void dropRegion();
     ui::Rgb groundAt(POINT place) const override;
@@ -130,6 +135,7 @@ class Form1 : public ui::Form {
     std::array<ui::Label, 4> setDigits_;
     /// Whether the window shows its set-up, with its head and round corners.
     bool setup_ = true;
+    bool rounded_ = false;
     std::optional<RECT> covered_;
     bool minimised_ = false;
 };

@@ -13,6 +13,7 @@ bool Form1Screen::inSetup() const {
 }
 
 void Form1Screen::moveToSecondScreen() {
+    form_.dropCurtain();
     const RECT place = rectangle();
     SetWindowPos(form_.hwnd(), nullptr, show::secondScreenLeft(platform::Monitors::current().primaryWidth()),
                  place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);

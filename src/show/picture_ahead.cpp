@@ -41,8 +41,7 @@ PictureAhead::~PictureAhead() {
 
 void PictureAhead::setSurface(const ShowSurface& surface) {
     const std::lock_guard lock(mutex_);
-    if (surface.width == surface_.width && surface.height == surface_.height &&
-        surface.shape == surface_.shape && picture::sameTarget(surface.colours, surface_.colours)) {
+    if (sameSurface(surface, surface_)) {
         return;
     }
     surface_ = surface;

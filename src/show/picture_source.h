@@ -27,6 +27,12 @@ struct ShowSurface {
     picture::ColourTarget colours{};  ///< of its monitor
 };
 
+/// Whether pictures that were made ready for the one fit the other.
+inline bool sameSurface(const ShowSurface& one, const ShowSurface& other) {
+    return one.width == other.width && one.height == other.height && one.shape == other.shape &&
+           picture::sameTarget(one.colours, other.colours);
+}
+
 /// Where the show gets its pictures from: laid onto the show surface by the fit rule, black beside it.
 class PictureSource {
   public:

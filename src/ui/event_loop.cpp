@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "ui/held_input.h"
 #include "ui/timer.h"
 
 namespace ui {
@@ -33,6 +34,17 @@ void endSystemLoops() {
 
 bool within(UINT message, UINT first, UINT last) {
     return message >= first && message <= last;
+}
+
+// The next message of the queue, but keys and mouse where they are held.
+bool takeMessage(MSG& message) {
+    if (!inputHeld()) {
+        return PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE;
+    }
+    constexpr UINT kLast = 0xFFFF;
+    return PeekMessageW(&message, nullptr, WM_NULL, WM_KEYFIRST - 1, PM_REMOVE) != FALSE ||
+           PeekMessageW(&message, nullptr, WM_KEYLAST + 1, WM_MOUSEFIRST - 1, PM_REMOVE) != FALSE ||
+           PeekMessageW(&message, nullptr, WM_MOUSELAST + 1, kLast, PM_REMOVE) != FALSE;
 }
 
 // What a user wants of a window, and what a window wants of itself after a time.
@@ -179,7 +191,7 @@ void EventLoop::guarded(const std::function<void()>& handler) noexcept {
 
 bool EventLoop::dispatchOne() {
     MSG message{};
-    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) {
+    if (!takeMessage(message)) {
         return false;
     }
     if (message.message == WM_QUIT) {

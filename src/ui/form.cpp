@@ -8,6 +8,7 @@
 #include "ui/combo_box.h"
 #include "ui/event_loop.h"
 #include "ui/frame.h"
+#include "ui/held_input.h"
 #include "ui/option_button.h"
 #include "ui/painting.h"
 #include "ui/theme.h"
@@ -31,6 +32,21 @@ bool isDown(int key) {
     return GetKeyState(key) < 0;
 }
 
+// What is typed before the form can answer waits for the end of its curtain.
+void begin(const Curtain*& current, const Curtain& curtain) {
+    current = &curtain;
+    holdInput();
+}
+
+/// Whether there was one.
+bool end(const Curtain*& current) {
+    if (std::exchange(current, nullptr) == nullptr) {
+        return false;
+    }
+    releaseInput();
+    return true;
+}
+
 BOOL CALLBACK collect(HWND window, LPARAM target) {
     if (auto* control = dynamic_cast<Control*>(Window::from(window))) {
         reinterpret_cast<std::vector<Control*>*>(target)->push_back(control);
@@ -52,26 +68,58 @@ Form::Form(const Args& args) : background_(theme::kGround), concealed_(args.conc
     style.top = work.top;
     create(style);
 
-    RECT size{0, 0, toPixels(args.width, dpi()), toPixels(args.height, dpi())};
-    AdjustWindowRectExForDpi(&size, style.style, FALSE, style.exStyle, static_cast<UINT>(dpi()));
-    const int width = static_cast<int>(size.right - size.left);
-    const int height = static_cast<int>(size.bottom - size.top);
-    const int left = static_cast<int>(work.left + work.right - width) / 2;
-    const int top = static_cast<int>(work.top + work.bottom - height) / 2;
-    SetWindowPos(hwnd(), nullptr, std::max<int>(left, work.left), std::max<int>(top, work.top), width, height,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    // The picture may still be in the making; the window was made meanwhile.
+    if (args.curtain != nullptr && args.curtain->picture() != nullptr) {
+        begin(curtain_, *args.curtain);
+        const RECT& place = curtain_->place;
+        SetWindowPos(hwnd(), nullptr, place.left, place.top, place.right - place.left,
+                     place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        ShowWindow(hwnd(), SW_SHOWNA);
+        UpdateWindow(hwnd());
+    } else {
+        centre(args.width, args.height);
+    }
     laidOutDpi_ = dpi();
     EventLoop::current().setFilter(filter);
 }
 
 Form::~Form() {
+    end(curtain_);
     // Ending the window deactivates it; by now nobody may be there to be told.
     onActivation = nullptr;
     onMoved = nullptr;
     destroy();
 }
 
+void Form::centre(Twips width, Twips height) {
+    const auto style = static_cast<DWORD>(GetWindowLongPtrW(hwnd(), GWL_STYLE));
+    const auto exStyle = static_cast<DWORD>(GetWindowLongPtrW(hwnd(), GWL_EXSTYLE));
+    RECT size{0, 0, toPixels(width, dpi()), toPixels(height, dpi())};
+    AdjustWindowRectExForDpi(&size, style, FALSE, exStyle, static_cast<UINT>(dpi()));
+    const RECT work = platform::Monitors::current().primaryWorkArea();
+    const LONG left = (work.left + work.right - (size.right - size.left)) / 2;
+    const LONG top = (work.top + work.bottom - (size.bottom - size.top)) / 2;
+    SetWindowPos(hwnd(), nullptr, std::max(left, work.left), std::max(top, work.top), size.right - size.left,
+                 size.bottom - size.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Form::dropCurtain(Twips width, Twips height) {
+    if (end(curtain_)) {
+        hide();
+        centre(width, height);
+    }
+}
+
 void Form::show() {
+    if (end(curtain_)) {
+        // A window manager may have activated it before there was anybody to be told.
+        if (GetActiveWindow() == hwnd()) {
+            onActivate(true);
+        } else {
+            SetForegroundWindow(hwnd());
+        }
+        return;
+    }
     if (std::exchange(concealed_, false)) {
         for (Control* control : controls()) {
             control->reveal();
@@ -93,7 +141,7 @@ void Form::hide() {
 }
 
 bool Form::visible() const {
-    return IsWindowVisible(hwnd()) != FALSE;
+    return curtain_ == nullptr && IsWindowVisible(hwnd()) != FALSE;
 }
 
 void Form::setTitle(const std::wstring& title) {
@@ -135,6 +183,11 @@ Rgb Form::groundAt(POINT place) const {
 }
 
 void Form::paintTo(HDC dc, const RECT& area) {
+    if (const picture::Surface* picture = curtain_ != nullptr ? curtain_->picture() : nullptr) {
+        BitBlt(dc, area.left, area.top, area.right - area.left, area.bottom - area.top, picture->dc(),
+               area.left, area.top, SRCCOPY);
+        return;
+    }
     Painting painting(area, background_);
     drawGround(painting);
     for (const TwipsRect& card : cards_) {

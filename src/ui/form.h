@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "ui/control.h"
+#include "ui/curtain.h"
 #include "ui/window.h"
 
 namespace ui {
@@ -27,19 +28,23 @@ class Form : public Window {
         bool borderless = false;
         bool fixedSize = false;  ///< a title and a close button only: its user cannot give it another size
         bool concealed = false;  ///< its controls are made out of sight, until it is shown
+        /// Where it has a picture, it is on the screen at once; must outlive the form.
+        const Curtain* curtain = nullptr;
         const Window* owner = nullptr;
     };
-    /// Makes the form, centred on the work area of the primary monitor and not yet visible. Throws
-    /// platform::Error.
+    /// Makes the form, centred on the work area of the primary monitor and not yet visible, or behind its
+    /// curtain. Throws platform::Error.
     explicit Form(const Args& args);
     ~Form() override;
 
     bool concealed() const override { return concealed_; }
-    /// Shows the form, all painted, and brings it to the front. One that is concealed is revealed.
+    /// Shows the form, all painted, and brings it to the front. One that is concealed is revealed. One behind
+    /// its curtain is on the screen already, and what lies on it by now takes the curtain's place.
     void show();
     void hide();
     /// Paints the form and all its controls before it returns.
     void paintNow();
+    /// Whether the form is on the screen, and not its curtain only.
     bool visible() const;
     void setTitle(const std::wstring& title);
 
@@ -73,6 +78,8 @@ class Form : public Window {
   protected:
     /// What is out of sight stays so, but counts as any other form's from now on.
     void endConcealment() { concealed_ = false; }
+    /// Takes the curtain off the screen, and with it the form, which is centred for another show().
+    void dropCurtain(Twips width, Twips height);
     /// Draws more onto the ground, below the cards.
     virtual void drawGround(Painting&) {}
 
@@ -99,6 +106,7 @@ class Form : public Window {
     void showFocus();
     void keepGrip(int dpi);
     void moveTo(POINT pointer);
+    void centre(Twips width, Twips height);
     void paintBelowControls();
     void paintTo(HDC dc, const RECT& area);
     RECT toPixelRect(const TwipsRect& place) const;
@@ -106,6 +114,7 @@ class Form : public Window {
     Rgb background_;
     std::vector<TwipsRect> cards_;
     bool concealed_;
+    const Curtain* curtain_ = nullptr;  ///< while it is on the screen
     bool movable_ = false;
     bool navigation_ = true;
     bool dragging_ = false;

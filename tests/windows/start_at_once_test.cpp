@@ -6,6 +6,9 @@
 #include <gmock/gmock.h>
 
 #include "app/first_picture.h"
+#include "app/form1_layout.h"
+#include "files/journal.h"
+#include "platform/handles.h"
 #include "support/app_stage.h"
 #include "support/show_stage.h"
 
@@ -20,19 +23,30 @@ using testing::IsEmpty;
 class NotedPictures : public show::PictureSource {
   public:
     void setSurface(const show::ShowSurface& given) override { surface = given; }
-    std::optional<show::ShowPicture> take(const std::wstring&) override { return std::nullopt; }
+    std::optional<show::ShowPicture> take(const std::wstring& path) override {
+        taken.push_back(path);
+        if (damaged) {
+            return std::nullopt;
+        }
+        return show::ShowPicture{400, 300, picture::Surface(surface.width, surface.height)};
+    }
     void prepare(const std::vector<std::wstring>& paths) override { prepared = paths; }
 
     show::ShowSurface surface;
     std::vector<std::wstring> prepared;
+    std::vector<std::wstring> taken;
+    bool damaged = false;
 };
 
 class StartAtOnce : public testing::Test {
   protected:
     StartAtOnce() { stage.application.reset(); }
+    void create(const std::wstring& text) {
+        stage.application.emplace(stage.loop, stage.control, stage.program.path(), parseParameters(text));
+    }
     void start(const std::wstring& parameters) {
         const std::wstring text = stage.pictures.path() + parameters;
-        stage.application.emplace(stage.loop, stage.control, stage.program.path(), parseParameters(text));
+        create(text);
         stage.system.onCall = [this](const std::string& call) {
             setupShown = setupShown || (call == "show" && stage.form().Start.visible());
         };
@@ -121,7 +135,7 @@ TEST_F(StartAtOnce, GoesToTheSecondScreenThatASetAsksFor) {
     stage.picture(L"a.jpg", 0xC04020);
     stage.monitors.second = RECT{640, 0, 1440, 600};
     const std::wstring text = stage.pictures.path() + L" R=1";
-    stage.application.emplace(stage.loop, stage.control, stage.program.path(), parseParameters(text));
+    create(text);
     stage.state().SecondScreen = 1;
     stage.load(text);
     EXPECT_EQ(stage.showState().screenWidth, 800);
@@ -138,40 +152,149 @@ TEST_F(StartAtOnce, FillsTheListsOnce) {
         << "the folder is opened, and its first file previewed";
 }
 
-class FirstPicture : public StartAtOnce {
-  protected:
-    bool prepare(const std::wstring& parameters) {
-        const platform::ProfileFile settings(stage.program / L"Panorell.ini");
-        SurfaceSettings surfaces(settings);
-        return prepareFirstPicture(pictures, surfaces, parseParameters(parameters));
+/// The colour that a window shows in the middle of the monitor.
+std::uint32_t colourOn(HWND window) {
+    const platform::WindowDc dc(window);
+    const COLORREF colour = GetPixel(dc.get(), 320, 240);
+    return static_cast<std::uint32_t>(GetRValue(colour) << 16 | GetGValue(colour) << 8 | GetBValue(colour));
+}
+
+TEST_F(StartAtOnce, HasThePictureOnTheScreenBeforeItsControls) {
+    stage.picture(L"a.jpg", 0xC04020);
+    create(stage.pictures.path() + L" R=1");
+    ASSERT_NE(IsWindowVisible(form().hwnd()), FALSE);
+    EXPECT_FALSE(form().visible()) << "that is its curtain";
+    EXPECT_EQ(form().clientSize().cx, 640);
+    EXPECT_TRUE(support::alike(colourOn(form().hwnd()), 0xC04020));
+    for (const ui::Control* control : form().controls()) {
+        EXPECT_FALSE(onScreen(*control)) << GetDlgCtrlID(control->hwnd());
     }
+    // What is painted anew meanwhile is the picture again.
+    RedrawWindow(form().hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+    EXPECT_TRUE(support::alike(colourOn(form().hwnd()), 0xC04020));
+    stage.load(stage.pictures.path() + L" R=1");
+    EXPECT_TRUE(form().visible());
+    EXPECT_TRUE(support::alike(stage.shown(), 0xC04020));
+    EXPECT_EQ(stage.system.count("show"), 1);
+    EXPECT_EQ(stage.system.count("region"), 0) << "a show has no round corners";
+}
+
+TEST_F(StartAtOnce, WhatIsTypedBeforeTheShowIsMeantForIt) {
+    stage.picture(L"a.jpg", 0xC04020);
+    create(stage.pictures.path() + L" R=1");
+    PostMessageW(form().hwnd(), WM_CHAR, L'?', 1);
+    PostMessageW(form().hwnd(), WM_KEYDOWN, VK_DOWN, 1);
+    stage.load(stage.pictures.path() + L" R=1");
+    EXPECT_TRUE(onScreen(form().Text1));
+    EXPECT_EQ(stage.showState().pausedFlag, 1);
+}
+
+TEST_F(StartAtOnce, TakesThePictureBackWhereTheFolderIsEmptyByNow) {
+    stage.picture(L"a.jpg", 0xC04020);
+    create(stage.pictures.path() + L" R=1");
+    ASSERT_NE(DeleteFileW((stage.pictures / L"a.jpg").c_str()), FALSE);
+    stage.load(stage.pictures.path() + L" R=1");
+    EXPECT_TRUE(form().visible());
+    EXPECT_TRUE(onScreen(form().Start));
+    EXPECT_EQ(stage.system.count("region"), 1);
+    RECT place{};
+    GetWindowRect(form().hwnd(), &place);
+    EXPECT_EQ(place.right - place.left, ui::toPixels(layout::kWindow.width, form().dpi()));
+    EXPECT_EQ(place.bottom - place.top, ui::toPixels(layout::kWindow.height, form().dpi()));
+    EXPECT_FALSE(support::alike(colourOn(form().hwnd()), 0xC04020));
+}
+
+class FirstPictureTest : public StartAtOnce {
+  protected:
+    /// Whether a window is to be covered by the picture.
+    bool begin(const std::wstring& parameters) {
+        first.emplace(pictures, surfaces, parseParameters(parameters));
+        return first->curtain() != nullptr;
+    }
+    platform::ProfileFile settings{stage.program / L"Panorell.ini"};
+    SurfaceSettings surfaces{settings};
     NotedPictures pictures;
+    std::optional<FirstPicture> first;
 };
 
-TEST_F(FirstPicture, IsTheOneThatTheListWillSelect) {
+TEST_F(FirstPictureTest, IsTheOneThatTheListWillSelect) {
     for (const wchar_t* name : {L"b10.jpg", L"b9.jpg", L"c.mpg", L"a.txt"}) {
         stage.pictures.file(name);
     }
     stage.pictures.file(L"b1.jpg");
     stage.pictures.hide(L"b1.jpg");
-    EXPECT_TRUE(prepare(stage.pictures.path() + L" R=1"));
+    EXPECT_TRUE(begin(stage.pictures.path() + L" R=1"));
     EXPECT_THAT(pictures.prepared, ElementsAre(stage.pictures / L"b9.jpg"))
         << "neither by the alphabet nor hidden";
     EXPECT_EQ(pictures.surface.width, 640);
     EXPECT_EQ(pictures.surface.height, 480);
-    EXPECT_TRUE(prepare(stage.pictures.path() + L" L=1 R=1"));
+    EXPECT_TRUE(begin(stage.pictures.path() + L" L=1 R=1"));
     EXPECT_THAT(pictures.prepared, ElementsAre(stage.pictures / L"b10.jpg"));
 }
 
-TEST_F(FirstPicture, IsNotBegunWhereThereIsNone) {
+TEST_F(FirstPictureTest, IsNotBegunWhereThereIsNone) {
     stage.pictures.file(L"a.mpg");
     stage.pictures.file(L"b.jpg");
-    EXPECT_FALSE(prepare(stage.pictures.path())) << "no show is asked for";
-    EXPECT_TRUE(prepare(stage.pictures.path() + L" R=1")) << "a film comes first";
-    EXPECT_TRUE(prepare(stage.pictures.path() + L" L=7 R=1"));
-    EXPECT_TRUE(prepare(stage.pictures.path() + L"\\nicht da R=1"));
-    EXPECT_TRUE(prepare(L"R=1"));
+    EXPECT_FALSE(begin(stage.pictures.path())) << "no show is asked for";
+    EXPECT_FALSE(begin(stage.pictures.path() + L" R=1")) << "a film comes first";
+    EXPECT_FALSE(begin(stage.pictures.path() + L" L=7 R=1"));
+    EXPECT_FALSE(begin(stage.pictures.path() + L"\\nicht da R=1"));
+    EXPECT_FALSE(begin(L"R=1"));
     EXPECT_THAT(pictures.prepared, IsEmpty());
+}
+
+TEST_F(FirstPictureTest, IsWaitedForOnceAndHandedOutOnce) {
+    stage.pictures.file(L"a.jpg");
+    stage.pictures.file(L"b.jpg");
+    const std::wstring path = stage.pictures / L"a.jpg";
+    ASSERT_TRUE(begin(stage.pictures.path() + L" R=1"));
+    EXPECT_THAT(pictures.taken, IsEmpty());
+    const picture::Surface* surface = first->curtain()->picture();
+    ASSERT_NE(surface, nullptr);
+    EXPECT_EQ(first->curtain()->picture(), surface);
+    first->prepare({path, stage.pictures / L"b.jpg"});
+    EXPECT_THAT(pictures.prepared, ElementsAre(stage.pictures / L"b.jpg")) << "the other is there already";
+    first->setSurface(pictures.surface);
+    const auto taken = first->take(path);
+    ASSERT_TRUE(taken);
+    EXPECT_EQ(taken->nativeWidth, 400);
+    EXPECT_EQ(first->curtain()->picture(), nullptr);
+    EXPECT_THAT(pictures.taken, ElementsAre(path));
+    first->prepare({path});
+    EXPECT_THAT(pictures.prepared, ElementsAre(path));
+    EXPECT_TRUE(first->take(path));
+    EXPECT_THAT(pictures.taken, ElementsAre(path, path));
+}
+
+TEST_F(FirstPictureTest, IsThrownAwayWhereTheGuessWasWrong) {
+    stage.pictures.file(L"a.jpg");
+    ASSERT_TRUE(begin(stage.pictures.path() + L" R=1"));
+    ASSERT_NE(first->curtain()->picture(), nullptr);
+    EXPECT_TRUE(first->take(L"C:\\other.jpg"));
+    EXPECT_EQ(pictures.taken.back(), L"C:\\other.jpg");
+    EXPECT_EQ(first->curtain()->picture(), nullptr);
+
+    ASSERT_TRUE(begin(stage.pictures.path() + L" R=1"));
+    ASSERT_NE(first->curtain()->picture(), nullptr);
+    show::ShowSurface other = pictures.surface;
+    other.width += 160;
+    first->setSurface(other);
+    EXPECT_EQ(pictures.surface.width, other.width);
+    EXPECT_EQ(first->curtain()->picture(), nullptr);
+
+    pictures.damaged = true;
+    ASSERT_TRUE(begin(stage.pictures.path() + L" R=1"));
+    EXPECT_EQ(first->curtain()->picture(), nullptr);
+}
+
+TEST_F(FirstPictureTest, WaitsForAnInterruptedChangeOfTheFolder) {
+    stage.pictures.file(L"a.jpg");
+    const std::string whole = files::journalBytes({});
+    stage.pictures.file(files::kJournalFile, whole);
+    EXPECT_FALSE(begin(stage.pictures.path() + L" R=1")) << "its files are still to be put right";
+    stage.pictures.file(files::kJournalFile, whole + files::phaseMark(files::Phase::Second) +
+                                                 files::phaseMark(files::Phase::Done));
+    EXPECT_TRUE(begin(stage.pictures.path() + L" R=1"));
 }
 
 }  // namespace
