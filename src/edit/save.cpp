@@ -9,6 +9,7 @@
 #include "overview/store_rule.h"
 #include "platform/directory.h"
 #include "script/script_file.h"
+#include "ui/leaving_hold.h"
 #include "ui/timer.h"
 
 namespace edit {
@@ -17,6 +18,7 @@ namespace {
 
 constexpr const wchar_t* kPrompt = L"Datei-Prefix:";
 constexpr const wchar_t* kTitle = L"  Name";
+constexpr const wchar_t* kSaving = L"Die Bilder des Ordners werden gerade gespeichert.";
 /// How long each file is seen to be worked on, and all of them together at most.
 constexpr int kWaitMs = 200;
 constexpr int kAllWaitsMs = 5000;
@@ -31,10 +33,10 @@ bool isAboutNames(files::Obstacle obstacle) {
 
 }  // namespace
 
-/// Blocks the window and the marks that a save depends on, for as long as it runs.
+/// Blocks the window and the marks that a save depends on, and holds leaving back, for as long as it runs.
 class Save::Running {
   public:
-    explicit Running(Save& save) : save_(save) {
+    explicit Running(Save& save) : save_(save), hold_(save.parts_.loop, kSaving) {
         save_.running_ = true;
         save_.parts_.dialog.block(true);
     }
@@ -47,6 +49,7 @@ class Save::Running {
 
   private:
     Save& save_;
+    ui::LeavingHold hold_;
 };
 
 Save::Save(Parts parts) : parts_(std::move(parts)) {}
