@@ -47,6 +47,7 @@ class Application {
     bool typed(wchar_t character);
     void begin(void (Show::*how)());
     void runAtOnce();
+    void restart();
 
     ui::EventLoop& loop_;
     files::WindowsFileSystem fileSystem_;

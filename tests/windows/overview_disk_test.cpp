@@ -2,11 +2,14 @@
 // cannot be written stays as it is.
 #include <gmock/gmock.h>
 
+#include <functional>
 #include <map>
 #include <stdexcept>
 
 #include "files/change_folder.h"
+#include "files/journal.h"
 #include "media/music_renames.h"
+#include "overview/thumb_folder.h"
 #include "platform/directory.h"
 #include "platform/handles.h"
 #include "support/app_stage.h"
@@ -140,7 +143,83 @@ TEST_F(OverviewDiskTest, AFileThatWasChangedSinceIsLeftAlone) {
     EXPECT_THAT(refusal(), HasSubstr(L"02 Sturm.mp3"));
 }
 
-/// Nothing can be written into one folder and those below it.
+/// The journal of a save that can be taken back.
+std::string keptJournal() {
+    files::Journal journal;
+    journal.keep = true;
+    journal.moves = {{L"alt.jpg", L"TMP001.jpg", L"a.jpg", {}, 0, 0}};
+    return files::journalBytes(journal) + files::phaseMark(files::Phase::Second) +
+           files::phaseMark(files::Phase::Done);
+}
+
+TEST_F(OverviewDiskTest, TheMusicLeavesTheLastSaveToBeTakenBack) {
+    const auto journal = [this] { return stage.fileSystem.read(stage.pictures / L"Panorell.journal").value; };
+    open({L"01 Meer.mp3", L"02 Sturm.mp3"});
+    stage.pictures.file(L"Panorell.journal", keptJournal());
+    form().OK.click();
+    EXPECT_EQ(disk(), (Disk{{L"01 Meer.mp3", "01 Meer.mp3"}, {L"02 Sturm.mp3", "02 Sturm.mp3"}}));
+    EXPECT_EQ(journal(), keptJournal()) << "an order that is there already";
+    stage.overview->music().show();
+    drag(1, 0);
+    form().OK.click();
+    EXPECT_EQ(disk(), (Disk{{L"01 Sturm.mp3", "02 Sturm.mp3"}, {L"02 Meer.mp3", "01 Meer.mp3"}}));
+    EXPECT_EQ(journal(), keptJournal()) << "another order";
+}
+
+TEST_F(OverviewDiskTest, AnOrderThatIsThereAlreadyAsksNothingOfTheFiles) {
+    open({L"01 Meer.mp3", L"02 Sturm.mp3"});
+    const platform::File held(CreateFileW((stage.pictures / L"01 Meer.mp3").c_str(), GENERIC_READ, 0, nullptr,
+                                          OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(held);
+    const support::MessageBoxes boxes;
+    form().OK.click();
+    EXPECT_THAT(boxes.seen(), IsEmpty());
+    EXPECT_FALSE(form().List1.visible());
+    EXPECT_THAT(stage.music.musicList, ElementsAre(L"01 Meer.mp3", L"02 Sturm.mp3"));
+}
+
+/// A window that calls back when it paints.
+class PaintedForm : public ui::Form {
+  public:
+    PaintedForm()
+        : Form({.className = L"PanorellTestPainted", .title = L"Test", .width = 3000, .height = 2000}) {}
+    std::function<void()> onPainted;
+
+  private:
+    void onPaint(HDC dc, const RECT& area) override {
+        Form::onPaint(dc, area);
+        if (onPainted) {
+            onPainted();
+        }
+    }
+};
+
+TEST_F(OverviewDiskTest, WindowsPaintWhileAFileInUseIsWaitedForAndNothingIsLeft) {
+    open({L"01 Meer.mp3", L"02 Sturm.mp3"});
+    drag(1, 0);
+    PaintedForm painted;
+    painted.show();
+    stage.loop.settle();
+    platform::File held(CreateFileW((stage.pictures / L"02 Sturm.mp3").c_str(), GENERIC_READ, 0, nullptr,
+                                    OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(held);
+    bool answered = true;
+    painted.onPainted = [&] {
+        held.reset();
+        answered = SendMessageW(painted.hwnd(), WM_QUERYENDSESSION, 0, 0) != FALSE;
+        stage.loop.leave();
+    };
+    InvalidateRect(painted.hwnd(), nullptr, TRUE);
+    const support::MessageBoxes boxes;
+    form().OK.click();
+    EXPECT_THAT(boxes.seen(), IsEmpty());
+    EXPECT_EQ(disk(), (Disk{{L"01 Sturm.mp3", "02 Sturm.mp3"}, {L"02 Meer.mp3", "01 Meer.mp3"}}));
+    EXPECT_FALSE(answered) << "the session goes on until the names are right";
+    EXPECT_TRUE(stage.loop.leaving()) << "what was asked for meanwhile comes afterwards";
+    painted.onPainted = nullptr;
+}
+
+/// Nothing can be written into one folder and those below it, or not under one name.
 class WriteProtection {
   public:
     explicit WriteProtection(std::wstring folder) {
@@ -198,6 +277,11 @@ TEST_F(OverviewDiskTest, AFolderThatCannotBeWrittenIsShownAndLeftAlone) {
     EXPECT_TRUE(form().CAN.enabled());
 }
 
+TEST_F(OverviewDiskTest, OneNameThatCannotBeHadSaysNothingOfTheFolder) {
+    const WriteProtection protection(stage.pictures / L"Test.txt");
+    EXPECT_TRUE(canWriteTo(stage.pictures.path()));
+}
+
 TEST_F(OverviewDiskTest, AFolderThatIsProtectedMeanwhileKeepsItsNames) {
     open({L"01 Meer.mp3", L"02 Sturm.mp3"});
     drag(1, 0);
@@ -244,6 +328,44 @@ TEST(OverviewRecovery, TheMusicListHasTheNamesThatRecoveryLeaves) {
     ASSERT_EQ(opened.form().List1.count(), 2);
     EXPECT_EQ(opened.form().List1.item(0), L"Sturm");
     EXPECT_EQ(opened.form().List1.item(1), L"Meer");
+}
+
+TEST(OverviewRecovery, TheListOfTitlesFollowsANewOrder) {
+    support::AppStage stage;
+    stage.picture(L"a.jpg");
+    stage.pictures.file(L"01 Meer.mp3", "meer");
+    stage.pictures.file(L"Sturm.mp3", "sturm");
+    stage.loadFolder();
+    stage.form().CTRL.click();
+    ASSERT_NE(stage.application->overview(), nullptr);
+    Overview& opened = *stage.application->overview();
+    opened.music().show();
+    opened.form().OK.click();
+    ASSERT_EQ(titlesOn(stage.pictures), (Disk{{L"01 Meer.mp3", "meer"}, {L"02 Sturm.mp3", "sturm"}}));
+    opened.reload();
+    EXPECT_THAT(stage.form().File2.entries(), ElementsAre(L"01 Meer.mp3", L"02 Sturm.mp3"));
+    opened.music().show();
+    const support::MessageBoxes boxes;
+    opened.form().OK.click();
+    EXPECT_THAT(boxes.seen(), IsEmpty()) << "the list has the names of now";
+}
+
+TEST(OverviewRecovery, AFolderThatAnotherVersionChangedIsToldOfOnTheWayIn) {
+    support::AppStage stage;
+    stage.picture(L"a.jpg");
+    stage.loadFolder();
+    stage.pictures.file(L"Panorell.journal", "Panorell-Journal 2\n");
+    bool setUpSeen = false;
+    const support::MessageBoxes boxes([&] {
+        setUpSeen = stage.form().visible();
+        PostMessageW(FindWindowW(L"#32770", L"  Ordner"), WM_COMMAND, IDOK, 0);
+    });
+    stage.form().CTRL.click();
+    ASSERT_EQ(boxes.seen().size(), 1U);
+    EXPECT_THAT(boxes.seen()[0].text, HasSubstr(L"anderen Fassung"));
+    EXPECT_TRUE(setUpSeen) << "there is something to look at";
+    EXPECT_FALSE(stage.form().visible());
+    EXPECT_TRUE(stage.application->overview()->form().visible());
 }
 
 TEST(OverviewMonitor, TheWindowLiesInTheWorkAreaOfTheMonitorOfTheSetUp) {
