@@ -5,7 +5,7 @@
 #include "bench_main.h"
 #include "picture/colour_match.h"
 #include "picture/colour_profile.h"
-#include "support/profile_bytes.h"
+#include "support/sample_profiles.h"
 
 namespace bench {
 

@@ -7,6 +7,7 @@
 #include "app/folder_recovery.h"
 #include "app/option_set.h"
 #include "app/resource_ids.h"
+#include "ui/message_box.h"
 
 namespace app {
 
@@ -74,7 +75,7 @@ void Application::wireShow() {
         state_.rememberedFolder = form_.Dir1.path();
     };
     show_.onEnd = [this] { shutdown_.showEnd(); };
-    show_.onRestart = [this] { shutdown_.restart(); };
+    show_.onRestart = [this] { restart(); };
     form_.onTyped = [this](wchar_t character) { return typed(character); };
 }
 
@@ -88,7 +89,7 @@ void Application::wireWindow() {
     form_.onCloseAsked = [this] {
         if (show_.running()) {
             show_.stop();
-        } else {
+        } else if (!overview_.close()) {
             shutdown_.clipboardEnd();
         }
     };
@@ -145,6 +146,12 @@ void Application::showUnlessSeen() {
         form_.showSetup();
     } else {
         form_.show();
+    }
+}
+
+void Application::restart() {
+    if (!shutdown_.restart()) {
+        ui::messageBox(&form_, kNoRestart, kNoRestartTitle, ui::MessageIcon::Exclamation);
     }
 }
 

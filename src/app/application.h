@@ -49,6 +49,7 @@ class Application {
     void begin(void (Show::*how)());
     void loadBehind(const std::wstring& parameterText);
     void showUnlessSeen();
+    void restart();
 
     ui::EventLoop& loop_;
     files::WindowsFileSystem fileSystem_;

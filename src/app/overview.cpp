@@ -8,6 +8,7 @@
 #include "platform/directory.h"
 #include "platform/monitors.h"
 #include "platform/short_path.h"
+#include "ui/message_box.h"
 
 namespace app {
 
@@ -20,11 +21,12 @@ void Overview::open() {
     const std::wstring folder = form.Dir1.path();
     parts_.music.musicFolder = platform::joinPath(folder, L"");
     parts_.tray.remove();
+    // While the set-up is still seen: it may take its time, and have something to tell.
+    recoverFolder(parts_.loop, fileSystem_, folder, &form);
     if (!overview_) {
         make();
     }
     form.hide();
-    recoverFolder(parts_.loop, fileSystem_, folder, &form);
     form.File1.setWithHidden(true);
     overview_->open(folder, form.File1.pattern());
 }
@@ -39,16 +41,24 @@ void Overview::make() {
     editing_.emplace(parts_.loop, *overview_);
     editing_->listed = [this] { return listed(); };
     editing_->onLeave = [this](std::optional<int> startIndex) { leave(startIndex); };
-    operations_.emplace(edit::Operations::Parts{
-        parts_.loop, parts_.control, fileSystem_, *overview_, *editing_, parts_.state.EditorPath,
-        [this](const std::wstring& path) { return keepEditor(path); }, [this] { return titles(); },
-        [this] { reload(); }});
+    operations_.emplace(edit::Operations::Parts{parts_.loop, parts_.control, fileSystem_, *overview_,
+                                                *editing_, parts_.state.EditorPath,
+                                                [this](const std::wstring& path) { return keepEditor(path); },
+                                                [this] { return titles(); }, [this] { reload(); }});
 }
 
 // The folder is opened anew, so what was interrupted there is put right first.
 void Overview::reload() {
     recoverFolder(parts_.loop, fileSystem_, std::wstring(overview_->records().folder), &overview_->form());
     overview_->reload();
+}
+
+bool Overview::close() {
+    if (!overview_ || !overview_->form().visible()) {
+        return false;
+    }
+    editing_->end();
+    return true;
 }
 
 bool Overview::keepEditor(const std::wstring& path) const {
@@ -74,7 +84,10 @@ std::vector<std::wstring> Overview::listed() const {
 void Overview::leave(std::optional<int> startIndex) {
     operations_->entries().close();
     overview_->form().hide();
-    parts_.shutdown.endEditing(startIndex);
+    if (!parts_.shutdown.endEditing(startIndex)) {
+        overview_->form().show();
+        ui::messageBox(&overview_->form(), kNoRestart, kNoRestartTitle, ui::MessageIcon::Exclamation);
+    }
 }
 
 }  // namespace app

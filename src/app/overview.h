@@ -39,6 +39,9 @@ class Overview {
     /// Leaves the set-up for the overview of its folder. Its file list must not be empty, and nothing is
     /// previewed any more. Throws Leaving.
     void open();
+    /// The set-up's hidden window is to be closed: the overview is, as if its own window was. False where the
+    /// overview is not open.
+    bool close();
     /// The overview; null before it was opened.
     overview::Overview* opened() { return overview_ ? &*overview_ : nullptr; }
 

@@ -7,6 +7,13 @@
 
 namespace app {
 
+namespace {
+
+/// How long both programs run when the one is followed by the other.
+constexpr int kOverlapMs = 500;
+
+}  // namespace
+
 void Shutdown::stopMedia() {
     for (const char* command : {"stop VIDEO", "close VIDEO", "stop AUDIO", "close AUDIO"}) {
         parts_.control.send(command);
@@ -36,19 +43,36 @@ void Shutdown::showEnd() {
     parts_.loop.leave();
 }
 
-void Shutdown::endEditing(std::optional<int> startIndex) {
+bool Shutdown::endEditing(std::optional<int> startIndex) {
     parts_.state.StartIndex = startIndex.value_or(parts_.state.StartIndex);
     parts_.control.send("stop VIDEO");
     parts_.control.send("close VIDEO");
-    restart();
+    if (left_) {
+        return true;
+    }
+    if (!startAnew()) {
+        return false;
+    }
+    parts_.loop.sleep(kOverlapMs);
+    parts_.loop.leave();
+    return true;
 }
 
-void Shutdown::restart() {
-    if (std::exchange(left_, true)) {
-        return;
+bool Shutdown::restart() {
+    if (left_) {
+        return true;
     }
-    platform::startProcess(parts_.parameters.restartCommand());
+    if (!startAnew()) {
+        return false;
+    }
     parts_.loop.leave();
+    return true;
+}
+
+// A program that is being left already is not started again.
+bool Shutdown::startAnew() {
+    left_ = parts_.loop.leaving() || platform::startProcess(parts_.parameters.restartCommand());
+    return left_;
 }
 
 }  // namespace app

@@ -3,7 +3,6 @@
 #include <set>
 #include <utility>
 
-#include "ui/event_loop.h"
 #include "ui/popup_menu.h"
 
 namespace edit {
@@ -21,8 +20,9 @@ void EditMenu::open(const MenuState& state, int index, POINT screen) {
     if (!chosen) {
         return;
     }
-    // What the menu covered is painted before anything takes its time.
-    ui::EventLoop::current().doEvents();
+    // What the menu covered is painted before anything takes its time. Nothing else may come in between: a
+    // window that is closed right now would save, and the index would be another item's.
+    RedrawWindow(owner_.hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     if (const auto found = operations_.find(static_cast<MenuCommand>(*chosen)); found != operations_.end()) {
         found->second(index);
     }

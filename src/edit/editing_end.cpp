@@ -5,7 +5,20 @@
 
 namespace edit {
 
+// A window can be closed from outside while it asks: that asks no second time.
+class EditingEnd::Asking {
+  public:
+    explicit Asking(bool& asking) : asking_(asking) { asking_ = true; }
+    ~Asking() { asking_ = false; }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+
+  private:
+    bool& asking_;
+};
+
 bool EditingEnd::mayLeave() {
+    const Asking asking(asking_);
     if (!parts_.records.changed || !parts_.records.folderWritable || !onSave) {
         return true;
     }
@@ -16,7 +29,7 @@ bool EditingEnd::mayLeave() {
 
 void EditingEnd::run() {
     parts_.Timer1.setEnabled(false);
-    if (!mayLeave()) {
+    if (asking_ || !mayLeave()) {
         return;
     }
     std::vector<std::wstring> items;

@@ -33,9 +33,12 @@ class EditingEnd {
     std::function<void(std::optional<int> startIndex)> onLeave;
 
   private:
+    class Asking;
+
     bool mayLeave();
 
     Parts parts_;
+    bool asking_ = false;
 };
 
 }  // namespace edit

@@ -13,6 +13,7 @@
 #include "overview/thumb_folder.h"
 #include "platform/directory.h"
 #include "script/script_file.h"
+#include "ui/leaving_hold.h"
 #include "ui/timer.h"
 
 namespace edit {
@@ -21,6 +22,7 @@ namespace {
 
 constexpr const wchar_t* kPrompt = L"Datei-Prefix:";
 constexpr const wchar_t* kTitle = L"  Name";
+constexpr const wchar_t* kSaving = L"Die Bilder des Ordners werden gerade gespeichert.";
 constexpr const wchar_t* kNoBin =
     L"Für dieses Laufwerk gibt es keinen Papierkorb. Markierte Bilder endgültig löschen ?";
 constexpr const wchar_t* kNotInBin =
@@ -45,10 +47,10 @@ int picturesOf(const files::ChangePlan& plan) {
 
 }  // namespace
 
-/// Blocks the window and the marks that a save depends on, for as long as it runs.
+/// Blocks the window and the marks that a save depends on, and holds leaving back, for as long as it runs.
 class Save::Running {
   public:
-    explicit Running(Save& save) : save_(save) {
+    explicit Running(Save& save) : save_(save), hold_(save.parts_.loop, kSaving) {
         save_.running_ = true;
         save_.parts_.dialog.block(true);
     }
@@ -62,6 +64,7 @@ class Save::Running {
 
   private:
     Save& save_;
+    ui::LeavingHold hold_;
 };
 
 Save::Save(Parts parts) : parts_(std::move(parts)) {}

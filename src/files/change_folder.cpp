@@ -6,6 +6,7 @@
 #include "files/folder_view.h"
 #include "files/journal.h"
 #include "files/journal_run.h"
+#include "files/parked_journal.h"
 #include "platform/directory.h"
 
 namespace files {
@@ -40,11 +41,11 @@ class Change {
         // Another program may have been at work between the look and the lock.
         view = FolderView::read(fileSystem_, plan_.folder);
         if (view.failure != Failure::None) {
-            held_->remove();
+            unlock();
             return refused(obstacleOf(view.failure));
         }
         if (std::optional<Refusal> refusal = checkPlan(fileSystem_, view.value, plan_)) {
-            held_->remove();
+            unlock();
             return refused(refusal->obstacle, refusal->name);
         }
         JournalRun run(fileSystem_, plan_.folder, journal_, patience_);
@@ -54,33 +55,46 @@ class Change {
   private:
     Obstacle lock() {
         const std::wstring path = platform::joinPath(plan_.folder, kJournalFile);
-        if (const Obstacle found = removeKept(path); found != Obstacle::None) {
+        if (const Obstacle found = makeRoom(path); found != Obstacle::None) {
             return found;
         }
         const std::string bytes = journalBytes(journal_);
         FileSystem::Held held;
         patience_.until([&] { return (held = fileSystem_.createHeld(path, bytes)).failure; });
         held_ = std::move(held.file);
+        if (held.failure != Failure::None) {
+            unparkJournal(fileSystem_, plan_.folder);
+        }
         return held.failure == Failure::Exists ? Obstacle::OtherProgram : obstacleOf(held.failure);
     }
 
-    // The journal of the last change, which cannot be taken back once a new one begins.
-    Obstacle removeKept(const std::wstring& path) {
-        const FileSystem::Held kept = fileSystem_.openHeld(path);
-        if (kept.failure == Failure::Missing) {
+    // The last change can be taken back as long as this one has not ended.
+    Obstacle makeRoom(const std::wstring& path) {
+        FileSystem::Held former = fileSystem_.openHeld(path);
+        if (former.failure == Failure::Missing) {
             return Obstacle::None;
         }
-        if (kept.failure != Failure::None) {
-            return kept.failure == Failure::InUse ? Obstacle::OtherProgram : obstacleOf(kept.failure);
+        if (former.failure != Failure::None) {
+            return former.failure == Failure::InUse ? Obstacle::OtherProgram : obstacleOf(former.failure);
         }
-        const Answer<std::string> bytes = kept.file->read();
+        const Answer<std::string> bytes = former.file->read();
         const JournalReading reading = readJournal(bytes.value);
         const bool torn = reading.kind == JournalReading::Kind::Torn;
         const bool done = reading.kind == JournalReading::Kind::Whole && reading.phase == Phase::Done;
         if (bytes.failure != Failure::None || !(torn || done)) {
             return Obstacle::Unfinished;
         }
-        return obstacleOf(patience_.until([&] { return kept.file->remove(); }));
+        if (torn) {
+            return obstacleOf(patience_.until([&] { return former.file->remove(); }));
+        }
+        former.file.reset();
+        return obstacleOf(patience_.until([&] { return parkJournal(fileSystem_, plan_.folder); }));
+    }
+
+    void unlock() {
+        if (held_->remove() == Failure::None) {
+            unparkJournal(fileSystem_, plan_.folder);
+        }
     }
 
     void tell(int pass, std::size_t i, std::size_t count) const {
@@ -127,11 +141,19 @@ class Change {
         }
         Outcome outcome;
         outcome.kept = plan_.keep && run.enter(Phase::Done, *held_) == Failure::None;
-        if (!outcome.kept) {
-            // All is done: a journal that cannot be removed is, when the folder is next opened.
-            run.close(*held_);
+        // All is done: a journal that cannot be removed is, when the folder is next opened.
+        if (outcome.kept || run.close(*held_) == Failure::None) {
+            settleFormer();
         }
         return outcome;
+    }
+
+    void settleFormer() {
+        if (plan_.keep || plan_.takesBack) {
+            dropParkedJournal(fileSystem_, plan_.folder);
+        } else {
+            unparkJournal(fileSystem_, plan_.folder);
+        }
     }
 
     Outcome undoSecond(JournalRun& run, Obstacle why) {
@@ -153,8 +175,8 @@ class Change {
         patience_.renew();
         const bool back = run.bringAll(Place::Temporary, Place::Old) == Failure::None &&
                           run.bringAttributes(Place::Old) == Failure::None;
-        if (back) {
-            run.close(*held_);
+        if (back && run.close(*held_) == Failure::None) {
+            unparkJournal(fileSystem_, plan_.folder);
         }
         return {back ? Outcome::End::Undone : Outcome::End::Left, why, failedAt_, false};
     }

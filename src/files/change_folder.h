@@ -33,9 +33,10 @@ struct ChangeProgress {
 
 /// Carries out a plan: checks it, writes the journal, renames every file to a temporary name and then to its
 /// new one, swaps the script, sets attributes, and removes the journal or keeps it. Nothing is ever
-/// overwritten. The journal is held open, so that no other running program changes the folder meanwhile.
-/// `onProgress` may be empty. What `waiting.pause` or `onProgress` throws goes through and leaves the
-/// journal.
+/// overwritten. The kept journal of an earlier change gives way only to one that is kept as well or takes it
+/// back, and only when that has ended. The journal is held open, so that no other running program changes the
+/// folder meanwhile. `onProgress` may be empty. What `waiting.pause` or `onProgress` throws goes through and
+/// leaves the journal.
 Outcome changeFolder(FileSystem& fileSystem, const ChangePlan& plan, const Waiting& waiting,
                      const std::function<void(const ChangeProgress&)>& onProgress = {});
 

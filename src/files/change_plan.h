@@ -37,6 +37,9 @@ struct ChangePlan {
     std::vector<std::wstring> deleted;  ///< files that were deleted before, to be told when it is taken back
     std::optional<ScriptChange> script;
     bool keep = false;  ///< the journal stays, so that the change can be taken back
+    /// The change takes the last one back, which then cannot be taken back again. Any other change that is
+    /// not kept leaves the kept journal alone.
+    bool takesBack = false;
 };
 
 /// Whether a name lies in the cache.

@@ -6,6 +6,7 @@
 
 #include "files/file_name.h"
 #include "files/file_system.h"
+#include "text/trimming.h"
 #include "text/utf8.h"
 
 namespace files {
@@ -158,7 +159,14 @@ class Reader {
         }
         journal_.temporaryScript = name(2);
         journal_.script = ScriptChange{name(1), bytes(3), bytes(4)};
-        return good_ && !isCacheName(journal_.script->name) && !isCacheName(journal_.temporaryScript);
+        return good_ && isScriptName(journal_.script->name) && isScriptName(journal_.temporaryScript);
+    }
+
+    // A script may vanish; a picture never does.
+    static bool isScriptName(std::wstring_view name) {
+        constexpr std::wstring_view kExtension = L".txt";
+        return !isCacheName(name) && name.size() > kExtension.size() &&
+               text::equalsIgnoringCase(name.substr(name.size() - kExtension.size()), kExtension);
     }
 
     std::wstring name(std::size_t field) {

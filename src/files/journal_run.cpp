@@ -52,6 +52,7 @@ Failure JournalRun::bring(std::size_t i, Place to) {
     if (places_[i] == to || places_[i] == Place::Gone || moveOf(i).stays()) {
         return Failure::None;
     }
+    patience_.step();
     const std::wstring from = path(nameAt(i, places_[i]));
     const std::wstring target = path(nameAt(i, to));
     Failure result = patience_.until([&] { return fileSystem_.rename(from, target); });
@@ -146,6 +147,7 @@ Failure JournalRun::bringAttributes(Place side) {
             entry->attributes == wanted) {
             continue;
         }
+        patience_.step();
         const std::wstring file = path(nameAt(i, side));
         const Failure result = patience_.until([&] { return fileSystem_.setAttributes(file, wanted); });
         // What lies in the cache stops no change.

@@ -6,10 +6,11 @@
 
 namespace files {
 
-/// How time passes while an operation is tried again: the caller lets its window paint meanwhile.
+/// How time passes while files are changed: the caller lets its window paint meanwhile.
 struct Waiting {
     std::function<double()> now;        ///< milliseconds of a steady clock
-    std::function<void(int ms)> pause;  ///< lets about so many milliseconds pass
+    std::function<void(int ms)> pause;  ///< lets about so many milliseconds pass, before another attempt
+    std::function<void()> step{};       ///< called between one file and the next; may be empty
 };
 
 /// Tries operations again that another program is in the way of, for three seconds in all.
@@ -31,6 +32,13 @@ class Patience {
             result = operation();
         }
         return result;
+    }
+
+    /// Between two files.
+    void step() const {
+        if (waiting_.step) {
+            waiting_.step();
+        }
     }
 
     /// Gives the full time again: for the way back.

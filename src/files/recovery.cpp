@@ -5,6 +5,7 @@
 #include "files/folder_view.h"
 #include "files/journal.h"
 #include "files/journal_run.h"
+#include "files/parked_journal.h"
 #include "platform/directory.h"
 
 namespace files {
@@ -14,12 +15,18 @@ namespace {
 using Place = JournalRun::Place;
 using End = Recovery::End;
 
+Recovery ended(End end, Failure failure = Failure::None) {
+    return {end, {}, obstacleOf(failure), {}};
+}
+
 /// A change that was interrupted, being brought to one of its two ends.
 class Interrupted {
   public:
     Interrupted(FileSystem& fileSystem, const std::wstring& folder, const Waiting& waiting,
                 const JournalReading& reading, HeldFile& held)
-        : patience_(waiting),
+        : fileSystem_(fileSystem),
+          folder_(folder),
+          patience_(waiting),
           run_(fileSystem, folder, reading.journal, patience_),
           reading_(reading),
           held_(held),
@@ -28,21 +35,37 @@ class Interrupted {
     Recovery settle(const FolderView& view) {
         run_.locate(view, reading_.phase);
         if (reading_.phase == Phase::Done && !anyAtTemporaryName()) {
+            dropParkedJournal(fileSystem_, folder_);
             return {};
         }
         reportMissing(view);
         bringToNames();
         settleScript();
         block(run_.bringAttributes(side_));
-        if (!blocked_) {
-            const bool keep = side_ == Place::New && reading_.journal.keep && report_.skipped.empty();
-            block(keep ? run_.enter(Phase::Done, held_) : run_.close(held_));
+        if (!blocked()) {
+            end();
         }
-        report_.end = blocked_ ? End::Waiting : side_ == Place::New ? End::Finished : End::Undone;
+        report_.end = blocked() ? End::Waiting : side_ == Place::New ? End::Finished : End::Undone;
         return report_;
     }
 
   private:
+    bool blocked() const { return report_.obstacle != Obstacle::None; }
+
+    void end() {
+        const bool keep = side_ == Place::New && reading_.journal.keep && report_.skipped.empty();
+        block(keep ? run_.enter(Phase::Done, held_) : run_.close(held_));
+        if (blocked()) {
+            return;
+        }
+        // One that this change has outdated by its names is found to be so when it is to be taken back.
+        if (keep) {
+            dropParkedJournal(fileSystem_, folder_);
+        } else {
+            unparkJournal(fileSystem_, folder_);
+        }
+    }
+
     bool anyAtTemporaryName() const {
         for (std::size_t i = 0; i < run_.count(); ++i) {
             if (run_.at(i) == Place::Temporary) {
@@ -81,12 +104,12 @@ class Interrupted {
                 report_.skipped.push_back({nameOf(run_.moveOf(i)), Obstacle::Taken});
                 taken.push_back(i);
             } else {
-                block(result);
+                block(result, nameOf(run_.moveOf(i)));
             }
         }
         // Only now: its other name may be one that a file of the change was on the way to.
         for (const std::size_t i : taken) {
-            block(run_.bring(i, other));
+            block(run_.bring(i, other), nameOf(run_.moveOf(i)));
         }
     }
 
@@ -95,18 +118,27 @@ class Interrupted {
         if (found == Obstacle::ScriptChanged) {
             report_.skipped.push_back({reading_.journal.script->name, found});
         } else if (found != Obstacle::None) {
-            blocked_ = true;
+            block(found, reading_.journal.script->name);
         }
     }
 
-    void block(Failure failure) { blocked_ = blocked_ || failure != Failure::None; }
+    void block(Failure failure, const std::wstring& name = {}) { block(obstacleOf(failure), name); }
 
+    // The first one is told.
+    void block(Obstacle obstacle, const std::wstring& name) {
+        if (!blocked()) {
+            report_.obstacle = obstacle;
+            report_.name = obstacle == Obstacle::None ? std::wstring() : name;
+        }
+    }
+
+    FileSystem& fileSystem_;
+    const std::wstring& folder_;
     Patience patience_;
     JournalRun run_;
     const JournalReading& reading_;
     HeldFile& held_;
     Place side_;
-    bool blocked_ = false;
     Recovery report_;
 };
 
@@ -118,26 +150,32 @@ Recovery recoverFolder(FileSystem& fileSystem, const std::wstring& folder, const
         case Failure::None:
             break;
         case Failure::Missing:
+            unparkJournal(fileSystem, folder);
             return {};
         case Failure::InUse:
-            return {End::Running, {}};
+            return ended(End::Running);
         default:
-            return {End::Waiting, {}};
+            return ended(End::Waiting);
     }
     const Answer<std::string> bytes = held.file->read();
     if (bytes.failure != Failure::None) {
-        return {End::Waiting, {}};
+        return ended(End::Waiting, bytes.failure);
     }
     const JournalReading reading = readJournal(bytes.value);
     if (reading.kind == JournalReading::Kind::Foreign) {
-        return {End::Foreign, {}};
+        return ended(End::Foreign);
     }
     if (reading.kind == JournalReading::Kind::Torn) {
-        return {held.file->remove() == Failure::None ? End::Nothing : End::Waiting, {}};
+        const Failure removed = held.file->remove();
+        if (removed != Failure::None) {
+            return ended(End::Waiting, removed);
+        }
+        unparkJournal(fileSystem, folder);
+        return {};
     }
     const Answer<FolderView> view = FolderView::read(fileSystem, folder);
     if (view.failure != Failure::None) {
-        return {End::Waiting, {}};
+        return ended(End::Waiting, view.failure);
     }
     return Interrupted(fileSystem, folder, waiting, reading, *held.file).settle(view.value);
 }

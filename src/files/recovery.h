@@ -26,11 +26,15 @@ struct Recovery {
     };
     End end = End::Nothing;
     std::vector<Skipped> skipped;
+    /// What is in the way while it waits; None where the folder takes no change at all.
+    Obstacle obstacle = Obstacle::None;
+    std::wstring name;  ///< the file that the obstacle is about; empty for the folder as a whole
 };
 
 /// Finishes or undoes what a journal in the folder tells of, deciding from what lies on the disk. Overwrites
-/// nothing; skips what is missing, changed or foreign. May be interrupted and called again at any time, and
-/// costs one attempt to open a file where there is no journal.
+/// nothing; skips what is missing, changed or foreign. The kept journal of the change before comes back, if
+/// that can still be taken back. May be interrupted and called again at any time, and costs two attempts at a
+/// file where there is no journal.
 Recovery recoverFolder(FileSystem& fileSystem, const std::wstring& folder, const Waiting& waiting);
 
 }  // namespace files

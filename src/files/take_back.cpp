@@ -24,6 +24,7 @@ std::optional<ChangePlan> takeBackPlan(const FileSystem& fileSystem, const std::
     }
     ChangePlan plan;
     plan.folder = folder;
+    plan.takesBack = true;
     plan.deleted = std::move(reading.journal.deleted);
     for (const JournalMove& move : reading.journal.moves) {
         plan.moves.push_back({move.newName, move.oldName, move.stamp, move.oldAttributes});

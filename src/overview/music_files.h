@@ -19,7 +19,8 @@ class MusicFiles {
 
     /// Remembers which files are there. The folder's path may end in "\\" or not.
     void load(const std::wstring& folder);
-    /// Carries an order out; see RenameMusic. Throws Leaving.
+    /// Carries an order out; see RenameMusic. An order that all names have already touches nothing. Windows
+    /// paint meanwhile and do nothing else.
     MusicRenamed rename(const std::wstring& musicFolder, const std::vector<MusicEntry>& order);
 
   private:

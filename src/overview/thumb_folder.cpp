@@ -21,6 +21,8 @@ namespace overview {
 namespace {
 
 constexpr int kMostProbes = 100;
+/// So many names that may not be had are not by chance.
+constexpr int kMostRefused = 5;
 
 std::vector<platform::DirectoryEntry> filesOf(const std::wstring& folder) {
     std::vector<platform::DirectoryEntry> found;
@@ -89,6 +91,7 @@ ThumbFolder readThumbFolder(const std::wstring& folder, const std::wstring& patt
 }
 
 bool canWriteTo(const std::wstring& folder) {
+    int refused = 0;
     for (int i = 0; i < kMostProbes; ++i) {
         const platform::File probe(
             CreateFileW(platform::joinPath(folder, probeName(i)).c_str(), GENERIC_WRITE | DELETE, 0, nullptr,
@@ -96,8 +99,10 @@ bool canWriteTo(const std::wstring& folder) {
         if (probe) {
             return true;
         }
-        // A file of the user's own is in the way, possibly one that he holds open.
-        if (GetLastError() != ERROR_FILE_EXISTS) {
+        // A file of the user's own may be in the way, also one that he holds open or that is just going.
+        const DWORD fault = GetLastError();
+        const bool thisOne = fault == ERROR_ACCESS_DENIED || fault == ERROR_SHARING_VIOLATION;
+        if (fault != ERROR_FILE_EXISTS && !(thisOne && ++refused < kMostRefused)) {
             return false;
         }
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "ui/held_input.h"
 #include "ui/timer.h"
@@ -128,30 +129,41 @@ void EventLoop::sleepUntil(double due) {
     }
 }
 
+// Takes the next pending message and lets it do nothing but paint; false when there is none.
+bool EventLoop::paintOne() {
+    MSG message{};
+    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) {
+        return false;
+    }
+    if (message.message == WM_QUIT) {
+        leaveAsked_ = true;
+    } else if (!asksForSomething(message.message)) {
+        DispatchMessageW(&message);
+    }
+    return true;
+}
+
 void EventLoop::waitPainting(HANDLE object) {
-    bool left = false;
-    const auto takeOne = [&left] {
-        MSG message{};
-        if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) {
-            return false;
-        }
-        if (message.message == WM_QUIT) {
-            left = true;
-        } else if (!asksForSomething(message.message)) {
-            DispatchMessageW(&message);
-        }
-        return true;
-    };
     while (MsgWaitForMultipleObjectsEx(1, &object, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE) ==
            WAIT_OBJECT_0 + 1) {
-        takeOne();
+        paintOne();
     }
     // Also what came last was not meant for what follows. Bounded as in doEvents().
-    for (int i = 0; i < kMostMessages && takeOne(); ++i) {
+    for (int i = 0; i < kMostMessages && paintOne(); ++i) {
     }
-    if (left) {
-        leave();
-    }
+    leaveIfAsked();
+}
+
+void EventLoop::sleepPainting(int ms) {
+    const double due = now() + ms;
+    do {
+        for (int i = 0; i < kMostMessages && paintOne(); ++i) {
+        }
+        if (now() < due) {
+            block(due);
+        }
+    } while (now() < due);
+    leaveIfAsked();
 }
 
 void EventLoop::run() {
@@ -165,6 +177,10 @@ void EventLoop::run() {
 }
 
 void EventLoop::leave() {
+    if (held()) {
+        leaveAsked_ = true;
+        return;
+    }
     leaving_ = true;
     for (std::size_t i = modals_.size(); i > 0; --i) {
         modals_[i - 1]();
@@ -172,6 +188,17 @@ void EventLoop::leave() {
     endSystemLoops();
     // Wakes a loop that waits, also one of the system's own.
     PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+}
+
+void EventLoop::release() {
+    --holds_;
+    leaveIfAsked();
+}
+
+void EventLoop::leaveIfAsked() {
+    if (!held() && std::exchange(leaveAsked_, false)) {
+        leave();
+    }
 }
 
 void EventLoop::guarded(const std::function<void()>& handler) noexcept {

@@ -43,6 +43,9 @@ class EventLoop {
     /// leaving is held back until something waits again. Never throws Leaving, so that what has been changed
     /// for the time of the wait can be put right.
     void waitPainting(HANDLE object);
+    /// Lets `ms` milliseconds pass (0: what is pending paints); windows paint meanwhile and do nothing else,
+    /// as in waitPainting(). Never throws Leaving.
+    void sleepPainting(int ms);
     /// The outermost loop: waits for events until the program is left.
     void run();
 
@@ -52,9 +55,11 @@ class EventLoop {
     virtual double timeOfDay() const = 0;
 
     /// Begins to leave the program: boxes and menus are closed, a window being moved is let go, a held scroll
-    /// bar as well; every wait throws Leaving.
+    /// bar as well; every wait throws Leaving. While leaving is held back (ui/leaving_hold.h) it begins when
+    /// that ends.
     void leave();
     bool leaving() const { return leaving_; }
+    bool held() const { return holds_ > 0; }
 
     /// Runs a handler under the one trap: a failure ends it quietly, and so does leaving. While the program
     /// is being left the handler is not started.
@@ -91,6 +96,11 @@ class EventLoop {
 
   private:
     friend class Timer;
+    friend class LeavingHold;
+    void hold() { ++holds_; }
+    void release();
+    void leaveIfAsked();
+    bool paintOne();
     void add(Timer& timer);
     void remove(Timer& timer);
     bool step();
@@ -99,6 +109,8 @@ class EventLoop {
     std::vector<std::function<void()>> modals_;
     Filter filter_;
     bool leaving_ = false;
+    int holds_ = 0;
+    bool leaveAsked_ = false;  ///< for when nothing holds it back any more
 };
 
 }  // namespace ui

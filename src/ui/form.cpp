@@ -290,6 +290,10 @@ bool Form::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) {
         result = 0;
         return true;
     }
+    if (message == WM_QUERYENDSESSION && EventLoop::current().held()) {
+        result = FALSE;
+        return true;
+    }
     return false;
 }
 

@@ -55,6 +55,17 @@ class PictureRing {
         return testing::AssertionSuccess();
     }
 
+    std::wstring path(const std::wstring& fileName) const { return folder_.file(fileName); }
+    int fileCount() const {
+        int files = 0;
+        WIN32_FIND_DATAW data{};
+        const platform::FindHandle find(FindFirstFileW(folder_.file(L"*").c_str(), &data));
+        for (BOOL more = find ? TRUE : FALSE; more != FALSE; more = FindNextFileW(find.get(), &data)) {
+            files += (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? 0 : 1;
+        }
+        return files;
+    }
+
     testing::AssertionResult isWhole() const {
         const testing::AssertionResult before = isShifted(0);
         const testing::AssertionResult after = isShifted(1);
@@ -65,16 +76,6 @@ class PictureRing {
   private:
     static std::wstring name(int i) { return L"P" + std::to_wstring(1001 + i).substr(1) + L".jpg"; }
     static std::string content(int i) { return "picture " + std::to_string(i); }
-
-    int fileCount() const {
-        int files = 0;
-        WIN32_FIND_DATAW data{};
-        const platform::FindHandle find(FindFirstFileW(folder_.file(L"*").c_str(), &data));
-        for (BOOL more = find ? TRUE : FALSE; more != FALSE; more = FindNextFileW(find.get(), &data)) {
-            files += (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? 0 : 1;
-        }
-        return files;
-    }
 
     TemporaryFolder folder_;
     int count_;
@@ -107,6 +108,28 @@ TEST(JournalKill, TheRecoveryToo) {
         }
         EXPECT_EQ(code, 0U);
     }
+}
+
+// What was saved can be taken back whatever happened to the music since.
+TEST(JournalKill, AMusicRenameLeavesTheKeptJournal) {
+    DWORD code = kKilled;
+    int last = 0;
+    for (; code == kKilled; ++last) {
+        const PictureRing ring(2);
+        const std::wstring journal = ring.path(L"Panorell.journal");
+        ASSERT_EQ(ring.run(L"save", -1), 0U);
+        const std::string kept = readBytes(journal);
+        ASSERT_FALSE(kept.empty());
+        writeBytes(ring.path(L"01 Meer.mp3"), "meer");
+        writeBytes(ring.path(L"02 Wind.mp3"), "wind");
+        code = ring.run(L"music", last);
+        EXPECT_EQ(ring.run(L"recover", -1), 0U) << "killed before " << last;
+        ASSERT_TRUE(exists(journal)) << "killed before " << last;
+        EXPECT_EQ(readBytes(journal), kept) << "killed before " << last;
+        EXPECT_EQ(ring.fileCount(), 6) << "killed before " << last;
+    }
+    EXPECT_EQ(code, 0U);
+    EXPECT_GT(last, 8) << "it was hardly ever killed";
 }
 
 TEST(JournalKill, AtRandomPointsOfALongChange) {

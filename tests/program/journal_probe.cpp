@@ -1,5 +1,6 @@
 // Changes a folder of pictures through the journal, or recovers it, and is killed on the way:
 //   journal_probe change FOLDER N     every "P*.jpg" gets the name of the next one, the last one the first's
+//   journal_probe save FOLDER N       the same, so that it can be taken back
 //   journal_probe music FOLDER N      the music gets its reverse order, every second title locked
 //   journal_probe recover FOLDER N
 // Before the N-th operation (from 0) that changes the disk the process ends at once, as if it was killed,
@@ -103,8 +104,10 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR commandLine, int) {
     const files::Waiting waiting{[] { return static_cast<double>(GetTickCount64()); },
                                  [](int ms) { Sleep(static_cast<DWORD>(ms)); }};
     const bool music = arguments.starts_with(L"music ");
-    if (music || arguments.starts_with(L"change ")) {
-        const files::ChangePlan plan = music ? reversedMusic(fileSystem, folder) : ringOf(fileSystem, folder);
+    const bool save = arguments.starts_with(L"save ");
+    if (music || save || arguments.starts_with(L"change ")) {
+        files::ChangePlan plan = music ? reversedMusic(fileSystem, folder) : ringOf(fileSystem, folder);
+        plan.keep = save;
         const files::Outcome outcome = files::changeFolder(fileSystem, plan, waiting);
         return outcome.end == files::Outcome::End::Done ? 0 : 1;
     }

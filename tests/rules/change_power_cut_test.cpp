@@ -2,57 +2,17 @@
 // the changes that were not flushed may be missing afterwards.
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "files/change_folder.h"
 #include "files/recovery.h"
 #include "files/take_back.h"
 #include "rules/journal_scene.h"
+#include "rules/power_cut.h"
 
 namespace files {
 namespace {
 
-using support::CutModel;
 using support::ModelledDisk;
 using support::ModelledFileSystem;
-
-/// What the machine is like.
-struct Machine {
-    CutModel model = CutModel::Ordered;
-    bool keepsNumbers = true;
-    bool flushesFolders = true;
-
-    ModelledFileSystem fileSystem(ModelledDisk& disk) const {
-        ModelledFileSystem made(disk);
-        made.keepsNumbers = keepsNumbers;
-        made.flushesFolders = flushesFolders;
-        return made;
-    }
-};
-
-const Machine kMachines[] = {{CutModel::Ordered, true, true},
-                             {CutModel::Ordered, true, false},
-                             {CutModel::Ordered, false, false},
-                             {CutModel::AnySubset, true, true},
-                             {CutModel::AnySubset, false, true}};
-
-std::mt19937_64 randomBits(20261121);  // NOLINT: the same numbers in every run
-
-// Which unflushed changes arrive: every choice where there are few, else none, all and some at random.
-std::vector<std::uint64_t> choices(std::size_t pending, std::size_t most) {
-    std::vector<std::uint64_t> chosen;
-    if (pending < 6 && (std::size_t{1} << pending) <= most) {
-        for (std::uint64_t bits = 0; bits < (std::uint64_t{1} << pending); ++bits) {
-            chosen.push_back(bits);
-        }
-        return chosen;
-    }
-    chosen = {0, ~std::uint64_t{0}};
-    while (chosen.size() < most) {
-        chosen.push_back(randomBits());
-    }
-    return chosen;
-}
 
 /// Carries out the scene until the power goes; true when it went.
 bool changeUntilCut(const Scene& scene, const Machine& machine, ModelledDisk& disk, int cutAt) {

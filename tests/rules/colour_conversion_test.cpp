@@ -7,6 +7,7 @@
 #include <random>
 
 #include "support/profile_bytes.h"
+#include "support/sample_profiles.h"
 
 namespace picture {
 namespace {

@@ -6,6 +6,7 @@
 #include <numeric>
 
 #include "support/profile_bytes.h"
+#include "support/sample_profiles.h"
 
 namespace picture {
 namespace {

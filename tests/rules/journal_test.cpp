@@ -97,6 +97,9 @@ TEST(Journal, NamesThatLeadOutOfTheFolderAreForeign) {
         EXPECT_EQ(readJournal(journalBytes(journal)).kind, Kind::Foreign) << testing::PrintToString(name);
     }
     Journal journal = sample();
+    journal.script->name = L"picture.jpg";
+    EXPECT_EQ(readJournal(journalBytes(journal)).kind, Kind::Foreign) << "a picture is no script";
+    journal = sample();
     journal.drops = {L"picture.jpg"};
     EXPECT_EQ(readJournal(journalBytes(journal)).kind, Kind::Foreign) << "only the cache may lose files";
 }

@@ -44,7 +44,7 @@ class RecoveryTest : public testing::Test {
 TEST_F(RecoveryTest, WithoutAJournalNothingHappens) {
     put(ringScene(2), disk);
     EXPECT_EQ(recover().end, End::Nothing);
-    EXPECT_EQ(fileSystem.operations, 1);
+    EXPECT_EQ(fileSystem.operations, 2);
     EXPECT_TRUE(isWhole(disk, ringScene(2), Side::Old));
 }
 
@@ -81,6 +81,14 @@ TEST_F(RecoveryTest, FilesMayHaveOtherNumbersAfterARestart) {
         EXPECT_TRUE(recover().skipped.empty());
         EXPECT_TRUE(isWhole(disk, scene, pass == 1 ? Side::Old : Side::New, true));
     }
+}
+
+TEST_F(RecoveryTest, ItsCallerMayPaintBetweenTwoFiles) {
+    cutBefore(ringScene(7), 2, 0);
+    int steps = 0;
+    time.waiting.step = [&] { ++steps; };
+    EXPECT_EQ(recover().end, End::Finished);
+    EXPECT_EQ(steps, 7);
 }
 
 TEST_F(RecoveryTest, AMissingFileIsSkipped) {
@@ -128,7 +136,10 @@ TEST_F(RecoveryTest, WhereBothNamesAreTakenTheJournalStays) {
     cutBefore(saveScene(2), 2, 0);
     disk.put(at(L"Reise001.jpg"), "foreign");
     disk.put(at(L"Bild1.jpg"), "foreign too");
-    EXPECT_EQ(recover().end, End::Waiting);
+    const Recovery waiting = recover();
+    EXPECT_EQ(waiting.end, End::Waiting);
+    EXPECT_EQ(waiting.obstacle, Obstacle::Taken);
+    EXPECT_EQ(waiting.name, L"Reise001.jpg");
     EXPECT_TRUE(journalIsThere());
     EXPECT_EQ(contentOf(disk, L"TMP-2-002.jpg"), "content 1");
     remove(L"Bild1.jpg");
@@ -160,6 +171,7 @@ TEST_F(RecoveryTest, ItWaitsSilentlyWhereNothingCanBeWritten) {
             const Recovery recovery = recover();
             const bool running = from == 0 && failure == Failure::InUse;
             EXPECT_EQ(recovery.end, running ? End::Running : End::Waiting);
+            EXPECT_EQ(recovery.obstacle != Obstacle::None, from > 0) << "only what began to move is told of";
             EXPECT_TRUE(recovery.skipped.empty());
             EXPECT_TRUE(journalIsThere());
             fileSystem.fault = {};
@@ -213,6 +225,7 @@ TEST_F(TakeBackTest, RestoresNamesAttributesAndScript) {
     EXPECT_TRUE(isWhole(disk, scene, Side::Old));
     EXPECT_EQ(contentOf(disk, L"Mini\\Bild0.bmp"), "thumbnail 0");
     EXPECT_FALSE(plan().has_value());
+    EXPECT_FALSE(journalIsThere());
 }
 
 TEST_F(TakeBackTest, OnlyWhereTheFolderIsAsTheSaveLeftIt) {

@@ -41,6 +41,10 @@ BOOL WINAPI messageBeep(UINT) {
 BOOL WINAPI createProcess(LPCWSTR, LPWSTR commandLine, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES, BOOL,
                           DWORD, LPVOID, LPCWSTR, LPSTARTUPINFOW, LPPROCESS_INFORMATION made) {
     *made = {};
+    if (watching->startFails) {
+        SetLastError(ERROR_FILE_NOT_FOUND);
+        return FALSE;
+    }
     watching->started.emplace_back(commandLine);
     watching->note("start");
     return TRUE;

@@ -30,6 +30,8 @@ class SystemCalls {
     int pointerCalls = 0;
     /// Command lines of the processes that would have been started.
     std::vector<std::wstring> started;
+    /// No process can be started.
+    bool startFails = false;
     /// The last record of the tray icon, as bytes.
     std::string trayRecord;
 

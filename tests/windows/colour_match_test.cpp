@@ -12,6 +12,7 @@
 #include "support/colours.h"
 #include "support/picture_writer.h"
 #include "support/profile_bytes.h"
+#include "support/sample_profiles.h"
 
 namespace picture {
 namespace {

@@ -91,6 +91,20 @@ TEST_F(EditingEndTest, ClosingTheWindowIsTheSame) {
     EXPECT_EQ(stage.left.times, 1);
 }
 
+TEST_F(EditingEndTest, ClosingOnceMoreWhileItAsksAsksOnlyOnce) {
+    open();
+    stage.overview->records().changed = true;
+    int asked = 0;
+    const support::MessageBoxes boxes([&] {
+        ++asked;
+        SendMessageW(stage.overview->form().hwnd(), WM_CLOSE, 0, 0);
+        PostMessageW(FindWindowW(L"#32770", L" Bearbeiten beenden"), WM_COMMAND, IDNO, 0);
+    });
+    stage.editing->end();
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(stage.left.times, 1);
+}
+
 TEST_F(EditingEndTest, ClosingInTheMiddleOfLoading) {
     for (int i = 0; i < 30; ++i) {
         stage.picture(L"p" + std::to_wstring(i) + L".jpg", kBlue, 1600, 1200);
@@ -129,27 +143,77 @@ TEST_F(EditingEndTest, TheProgramBeginsAtTheItemOrTheNextOne) {
 }
 
 /// With the whole program: the commands, the restart, and the list of the show that is read again.
-TEST(EditingEndOfTheProgram, ItEndsTheFilmAndStartsAnewAtTheItem) {
-    support::AppStage stage;
-    for (const wchar_t* name : {L"a.jpg", L"b.jpg", L"c.jpg", L"d.jpg"}) {
-        stage.picture(name);
+class EditingEndOfTheProgram : public testing::Test {
+  protected:
+    void open() {
+        for (const wchar_t* name : {L"a.jpg", L"b.jpg", L"c.jpg", L"d.jpg"}) {
+            stage.picture(name);
+        }
+        stage.loadFolder();
+        stage.form().CTRL.click();
+        stage.loop.settle();
+        ASSERT_NE(stage.application->overview(), nullptr);
+        ASSERT_TRUE(stage.until([&] { return !overview().grid().loading(); }));
+        stage.control.clear();
     }
-    stage.loadFolder();
-    stage.form().CTRL.click();
-    stage.loop.settle();
-    overview::Overview* overview = stage.application->overview();
-    ASSERT_NE(overview, nullptr);
-    ASSERT_TRUE(stage.until([&] { return !overview->grid().loading(); }));
+    overview::Overview& overview() { return *stage.application->overview(); }
+    void close() { SendMessageW(overview().form().hwnd(), WM_CLOSE, 0, 0); }
+
+    support::AppStage stage;
+};
+
+TEST_F(EditingEndOfTheProgram, ItEndsTheFilmAndStartsAnewAtTheItem) {
+    open();
     stage.pictures.hide(L"a.jpg");
-    overview->selection().select(2);
-    stage.control.clear();
-    SendMessageW(overview->form().hwnd(), WM_CLOSE, 0, 0);
+    overview().selection().select(2);
+    close();
     EXPECT_THAT(stage.control.commands(), testing::ElementsAre("stop VIDEO", "close VIDEO"));
     ASSERT_EQ(stage.system.started.size(), 1U);
     EXPECT_EQ(stage.system.started[0], stage.program.path() + L"\\Panorell.exe " + stage.pictures.path() +
                                            L" P=5 D=0 E=0 V=1 M=1 L=1");
     EXPECT_TRUE(stage.loop.leaving());
-    EXPECT_FALSE(overview->form().visible());
+    EXPECT_FALSE(overview().form().visible());
+}
+
+TEST_F(EditingEndOfTheProgram, TheNewOneHasHalfASecondToComeBeforeThisOneEnds) {
+    open();
+    double waited = 0;
+    const double before = stage.loop.slept();
+    stage.loop.onSleep = [&] {
+        EXPECT_EQ(stage.system.started.size(), 1U) << "it was started before";
+        EXPECT_FALSE(stage.loop.leaving());
+    };
+    close();
+    waited = stage.loop.slept() - before;
+    EXPECT_DOUBLE_EQ(waited, 500);
+    EXPECT_TRUE(stage.loop.leaving());
+}
+
+TEST_F(EditingEndOfTheProgram, WhereItCannotBeStartedAnewTheOverviewStaysAndSaysSo) {
+    open();
+    stage.system.startFails = true;
+    {
+        const support::MessageBoxes boxes;
+        close();
+        ASSERT_EQ(boxes.seen().size(), 1U);
+        EXPECT_EQ(boxes.seen()[0].text, L"Panorell konnte nicht neu gestartet werden.");
+    }
+    EXPECT_FALSE(stage.loop.leaving());
+    EXPECT_TRUE(overview().form().visible());
+    stage.system.startFails = false;
+    close();
+    EXPECT_EQ(stage.system.started.size(), 1U);
+    EXPECT_TRUE(stage.loop.leaving());
+}
+
+TEST_F(EditingEndOfTheProgram, ClosingTheHiddenSetUpIsClosingTheOverview) {
+    open();
+    overview().records().changed = true;
+    const Answer answer(IDNO);
+    SendMessageW(stage.form().hwnd(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(answer.seen().size(), 1U);
+    EXPECT_EQ(stage.system.started.size(), 1U);
+    EXPECT_TRUE(stage.loop.leaving());
 }
 
 }  // namespace

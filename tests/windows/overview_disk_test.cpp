@@ -2,11 +2,14 @@
 // cannot be written stays as it is.
 #include <gmock/gmock.h>
 
+#include <functional>
 #include <map>
 #include <stdexcept>
 
 #include "files/change_folder.h"
+#include "files/journal.h"
 #include "media/music_renames.h"
+#include "overview/thumb_folder.h"
 #include "platform/directory.h"
 #include "platform/handles.h"
 #include "support/app_stage.h"
@@ -168,7 +171,71 @@ TEST_F(OverviewDiskTest, OnPlace99NothingCanPlay) {
     EXPECT_TRUE(disk().contains(L"98 Titel197.mp3"));
 }
 
-/// Nothing can be written into one folder and those below it.
+/// The journal of a save that can be taken back.
+std::string keptJournal() {
+    files::Journal journal;
+    journal.keep = true;
+    journal.moves = {{L"alt.jpg", L"TMP001.jpg", L"a.jpg", {}, 0, 0}};
+    return files::journalBytes(journal) + files::phaseMark(files::Phase::Second) +
+           files::phaseMark(files::Phase::Done);
+}
+
+TEST_F(OverviewDiskTest, TheMusicLeavesTheLastSaveToBeTakenBack) {
+    const auto journal = [this] { return stage.fileSystem.read(stage.pictures / L"Panorell.journal").value; };
+    open({L"01 Meer.mp3", L"02 Sturm.mp3"});
+    stage.pictures.file(L"Panorell.journal", keptJournal());
+    form().OK.click();
+    EXPECT_EQ(disk(), (Disk{{L"01 Meer.mp3", "01 Meer.mp3"}, {L"02 Sturm.mp3", "02 Sturm.mp3"}}));
+    EXPECT_EQ(journal(), keptJournal()) << "an order that is there already";
+    stage.overview->music().show();
+    drag(1, 0);
+    form().OK.click();
+    EXPECT_EQ(disk(), (Disk{{L"01 Sturm.mp3", "02 Sturm.mp3"}, {L"02 Meer.mp3", "01 Meer.mp3"}}));
+    EXPECT_EQ(journal(), keptJournal()) << "another order";
+}
+
+/// A window that calls back when it paints.
+class PaintedForm : public ui::Form {
+  public:
+    PaintedForm()
+        : Form({.className = L"PanorellTestPainted", .title = L"Test", .width = 3000, .height = 2000}) {}
+    std::function<void()> onPainted;
+
+  private:
+    void onPaint(HDC dc, const RECT& area) override {
+        Form::onPaint(dc, area);
+        if (onPainted) {
+            onPainted();
+        }
+    }
+};
+
+TEST_F(OverviewDiskTest, WindowsPaintWhileAFileInUseIsWaitedForAndNothingIsLeft) {
+    open({L"01 Meer.mp3", L"02 Sturm.mp3"});
+    drag(1, 0);
+    PaintedForm painted;
+    painted.show();
+    stage.loop.settle();
+    platform::File held(CreateFileW((stage.pictures / L"02 Sturm.mp3").c_str(), GENERIC_READ, 0, nullptr,
+                                    OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(held);
+    bool answered = true;
+    painted.onPainted = [&] {
+        held.reset();
+        answered = SendMessageW(painted.hwnd(), WM_QUERYENDSESSION, 0, 0) != FALSE;
+        stage.loop.leave();
+    };
+    InvalidateRect(painted.hwnd(), nullptr, TRUE);
+    const support::MessageBoxes boxes;
+    form().OK.click();
+    EXPECT_THAT(boxes.seen(), IsEmpty());
+    EXPECT_EQ(disk(), (Disk{{L"01 Sturm.mp3", "02 Sturm.mp3"}, {L"02 Meer.mp3", "01 Meer.mp3"}}));
+    EXPECT_FALSE(answered) << "the session goes on until the names are right";
+    EXPECT_TRUE(stage.loop.leaving()) << "what was asked for meanwhile comes afterwards";
+    painted.onPainted = nullptr;
+}
+
+/// Nothing can be written into one folder and those below it, or not under one name.
 class WriteProtection {
   public:
     explicit WriteProtection(std::wstring folder) {
@@ -224,6 +291,21 @@ TEST_F(OverviewDiskTest, AFolderThatCannotBeWrittenIsShownAndLeftAlone) {
     EXPECT_TRUE(form().List1.visible());
     EXPECT_FALSE(form().OK.enabled());
     EXPECT_TRUE(form().CAN.enabled());
+}
+
+TEST_F(OverviewDiskTest, AnOrderThatIsThereAlreadyWritesNothing) {
+    open({L"01 Meer.mp3", L"02 Sturm.mp3"});
+    const WriteProtection protection(stage.pictures.path());
+    const support::MessageBoxes boxes;
+    form().OK.click();
+    EXPECT_THAT(boxes.seen(), IsEmpty());
+    EXPECT_FALSE(form().List1.visible());
+    EXPECT_THAT(stage.music.musicList, ElementsAre(L"01 Meer.mp3", L"02 Sturm.mp3"));
+}
+
+TEST_F(OverviewDiskTest, OneNameThatCannotBeHadSaysNothingOfTheFolder) {
+    const WriteProtection protection(stage.pictures / L"Test.txt");
+    EXPECT_TRUE(canWriteTo(stage.pictures.path()));
 }
 
 TEST_F(OverviewDiskTest, AFolderThatIsProtectedMeanwhileKeepsItsNames) {
@@ -298,6 +380,24 @@ TEST(OverviewReload, TheMusicListHasTheNamesThatItGave) {
     EXPECT_EQ(opened.form().List1.item(0), L"Sturm") << "in the order of the names";
     lockFirst();
     EXPECT_EQ(titlesOn(stage.pictures), (Disk{{L"99 Sturm.mp3", "sturm"}, {L"99 Meer.mp3", "meer"}}));
+}
+
+TEST(OverviewRecovery, AFolderThatAnotherVersionChangedIsToldOfOnTheWayIn) {
+    support::AppStage stage;
+    stage.picture(L"a.jpg");
+    stage.loadFolder();
+    stage.pictures.file(L"Panorell.journal", "Panorell-Journal 2\n");
+    bool setUpSeen = false;
+    const support::MessageBoxes boxes([&] {
+        setUpSeen = stage.form().visible();
+        PostMessageW(FindWindowW(L"#32770", L"  Ordner"), WM_COMMAND, IDOK, 0);
+    });
+    stage.form().CTRL.click();
+    ASSERT_EQ(boxes.seen().size(), 1U);
+    EXPECT_THAT(boxes.seen()[0].text, HasSubstr(L"anderen Fassung"));
+    EXPECT_TRUE(setUpSeen) << "there is something to look at";
+    EXPECT_FALSE(stage.form().visible());
+    EXPECT_TRUE(stage.application->overview()->form().visible());
 }
 
 TEST(OverviewMonitor, TheWindowLiesInTheWorkAreaOfTheMonitorOfTheSetUp) {

@@ -6,6 +6,7 @@
 #include "support/app_stage.h"
 #include "support/colours.h"
 #include "support/profile_bytes.h"
+#include "support/sample_profiles.h"
 
 namespace app {
 namespace {

@@ -224,6 +224,24 @@ TEST_F(ShutdownTest, ACharacterAfterTheLastPictureStartsTheProgramAnew) {
     EXPECT_EQ(stage.system.started.size(), 1U);
 }
 
+TEST_F(ShutdownTest, WhereTheProgramCannotBeStartedAnewItGoesOnAndSaysSo) {
+    load(L" P=1 L=1");
+    form().Run.click();
+    ASSERT_TRUE(stage.until([&] { return form().EOT.visible(); }));
+    stage.loop.advance(2000);
+    stage.system.startFails = true;
+    {
+        const support::MessageBoxes boxes;
+        stage.type(L'x');
+        ASSERT_EQ(boxes.seen().size(), 1U);
+        EXPECT_EQ(boxes.seen()[0].text, L"Panorell konnte nicht neu gestartet werden.");
+    }
+    EXPECT_FALSE(stage.loop.leaving());
+    EXPECT_TRUE(form().EOT.visible());
+    stage.type(27);
+    EXPECT_TRUE(stage.loop.leaving()) << "its end is as good as before";
+}
+
 TEST_F(ShutdownTest, ARestartIsReadBackToTheSameState) {
     load(L" P=1 D=1 V=0 M=0 S=3 L=1");
     form().Run.click();

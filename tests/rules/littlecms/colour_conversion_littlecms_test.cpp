@@ -13,6 +13,7 @@
 #include "picture/colour_conversion.h"
 #include "picture/standard_profile.h"
 #include "support/profile_bytes.h"
+#include "support/sample_profiles.h"
 
 namespace picture {
 namespace {
