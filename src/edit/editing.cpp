@@ -36,6 +36,8 @@ Editing::Editing(ui::EventLoop& loop, overview::Overview& overview)
       end_({overview.form(), overview.form().Timer1, overview.records()}) {
     provideOwn();
     overview_.onMenu = [this](int index, POINT screen) { openMenu(index, screen); };
+    // The boxes are there until others take their places: their texts would be those of other items.
+    overview_.onLoad = [this] { settings_.setShown(false); };
     overview_.form().onCloseAsked = [this] { end(); };
     store_.onProgress = [this](int done, int all) { overview_.form().showProgress(done, all); };
     end_.listed = [this] { return listed(); };
@@ -44,6 +46,7 @@ Editing::Editing(ui::EventLoop& loop, overview::Overview& overview)
 
 Editing::~Editing() {
     overview_.onMenu = nullptr;
+    overview_.onLoad = nullptr;
     overview_.form().onCloseAsked = nullptr;
 }
 

@@ -34,7 +34,7 @@ std::wstring shortOrLong(const std::wstring& path) {
 // not every file system remembers the long name that belonged to it.
 void giveNameBack(const std::wstring& path, const std::wstring& given) {
     if (!platform::fileExists(path) && platform::fileExists(given)) {
-        MoveFileW(given.c_str(), path.c_str());
+        MoveFileW(platform::unlimitedPath(given).c_str(), platform::unlimitedPath(path).c_str());
     }
 }
 

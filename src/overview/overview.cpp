@@ -153,6 +153,9 @@ void Overview::filesRenamed() {
 }
 
 void Overview::load(const std::wstring& folder) {
+    if (onLoad) {
+        onLoad();
+    }
     ThumbFolder read = readThumbFolder(folder, pattern_);
     records_ = std::move(read.records);
     store_ = std::move(read.store);

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "platform/directory.h"
 #include "platform/file_time.h"
 #include "platform/handles.h"
 #include "platform/wine.h"
@@ -13,7 +14,8 @@ namespace {
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 File openFor(const std::wstring& path, DWORD access) {
-    return File(CreateFileW(path.c_str(), access, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    return File(
+        CreateFileW(unlimitedPath(path).c_str(), access, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
 }
 
 // FAT makes up the number of a file from the place of its name, which every rename changes. Wine's volumes do
@@ -56,10 +58,11 @@ unsigned long writeFileTimes(const std::wstring& path, const FileTimes& times) {
 }
 
 bool setFileHidden(const std::wstring& path, bool hidden) {
-    const DWORD former = GetFileAttributesW(path.c_str());
+    const std::wstring file = unlimitedPath(path);
+    const DWORD former = GetFileAttributesW(file.c_str());
     const DWORD others = former & ~static_cast<DWORD>(FILE_ATTRIBUTE_HIDDEN);
     return former != INVALID_FILE_ATTRIBUTES &&
-           SetFileAttributesW(path.c_str(), hidden ? others | FILE_ATTRIBUTE_HIDDEN : others) != FALSE;
+           SetFileAttributesW(file.c_str(), hidden ? others | FILE_ATTRIBUTE_HIDDEN : others) != FALSE;
 }
 
 }  // namespace platform

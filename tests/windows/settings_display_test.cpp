@@ -93,5 +93,21 @@ TEST(SettingsDisplay, ItEndsWhenAllThumbnailsWereMadeAnew) {
     EXPECT_TRUE(stage.offers(0, L"Bild-Einstellungen anzeigen"));
 }
 
+TEST(SettingsDisplay, ItEndsWhenTheFolderIsLoadedAnew) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue, kBlue});
+    ASSERT_TRUE(stage.open());
+    stage.editing->settings().setShown(true);
+    ASSERT_GT(pixels(stage, 2, kText), 20);
+    stage.pictures.remove(L"c.jpg");
+    stage.overview->reload();
+    EXPECT_FALSE(stage.editing->settings().shown());
+    ASSERT_TRUE(stage.loaded());
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(pixels(stage, i, kShadow), 0) << i;
+    }
+    EXPECT_TRUE(stage.offers(0, L"Bild-Einstellungen anzeigen"));
+}
+
 }  // namespace
 }  // namespace edit
