@@ -118,7 +118,8 @@ std::wstring ExternalEditor::edit(const ItemFile& former, int index) {
     if (!editor.handle) {
         // Its stored thumbnail comes back with it.
         parts_.desk.redraw(index);
-        return L"«" + program + L"» kann nicht gestartet werden: " + platform::systemMessage(editor.code);
+        return L"«" + program + L"» kann nicht gestartet werden: " +
+               platform::systemMessage(editor.code, parts_.EditorPath);
     }
     KeptTimes times(former);
     parts_.loop.waitPainting(editor.handle.get());
