@@ -51,11 +51,12 @@ class InputForm : public Form {
         setCards({{kMargin, kMargin, kWidth - 2 * kMargin, cardHeight(promptHeight)}});
         ok_.onClick = text_.onReturn = [this] { answer(text_.text()); };
         cancel_.onClick = onCloseAsked = [this] { answer(std::nullopt); };
-        onKey = [this](int key, bool) {
+        // Held down since a menu or a box before, Enter answers nothing.
+        onKey = [this](int key, bool repeated) {
             if (key == VK_ESCAPE) {
                 answer(std::nullopt);
             }
-            return key == VK_ESCAPE;
+            return key == VK_ESCAPE || (key == VK_RETURN && repeated);
         };
         text_.selectAll();
     }
