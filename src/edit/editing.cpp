@@ -1,7 +1,10 @@
 #include "edit/editing.h"
 
+#include <commctrl.h>
+
 #include <utility>
 
+#include "edit/item_file.h"
 #include "ui/message_box.h"
 
 namespace edit {
@@ -83,11 +86,28 @@ MenuState Editing::stateOf(int index) const {
     return state;
 }
 
+void Editing::holdTips(int more) {
+    tipsHeld_ += more;
+    SendMessageW(overview_.tips().hWnd(), TTM_ACTIVATE, tipsHeld_ == 0 ? TRUE : FALSE, 0);
+}
+
 void Editing::openMenu(int index, POINT screen) {
     if (blocks_ > 0) {
         return;
     }
-    menu_.open(stateOf(index), index, screen);
+    // A tip for the place where the pointer comes to rest on the menu would lie over what that opens.
+    const WithoutTips still(*this);
+    const std::wstring fileName = overview_.records().thumbRecords[static_cast<std::size_t>(index)].fileName;
+    const auto chosen = menu_.choose(stateOf(index), screen);
+    if (!chosen) {
+        return;
+    }
+    // What the menu covered is painted before anything takes its time. Those events may move the item, or
+    // give its file another name.
+    loop_.doEvents();
+    if (const auto now = itemNamed(overview_.records(), fileName)) {
+        menu_.run(*chosen, *now);
+    }
 }
 
 void Editing::refuse(const std::wstring& sentence) {

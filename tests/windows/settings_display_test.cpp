@@ -82,6 +82,19 @@ TEST(SettingsDisplay, ABoxThatIsPaintedAgainTellsWhatIsTrueNow) {
     EXPECT_EQ(pixels(stage, 1, kMagenta), 0) << "the next save drops the entry";
 }
 
+TEST(SettingsDisplay, WhatChangedIsWrittenAtOnce) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue});
+    ASSERT_TRUE(stage.open());
+    stage.editing->settings().refresh();
+    EXPECT_EQ(pixels(stage, 0, kShadow), 0) << "it is not shown";
+    stage.editing->settings().setShown(true);
+    ASSERT_EQ(pixels(stage, 1, kMagenta), 0);
+    stage.record(1).entry = L"*D";
+    stage.editing->settings().refresh();
+    EXPECT_GT(pixels(stage, 1, kMagenta), 10);
+}
+
 TEST(SettingsDisplay, ItEndsWhenAllThumbnailsWereMadeAnew) {
     EditStage stage;
     stage.picturesOf({kBlue, kBlue});
