@@ -121,8 +121,7 @@ TEST_F(InputBoxTest, EnterThatIsHeldDownSinceAMenuAnswersNothing) {
         EXPECT_EQ(ask([&] {
                       SetFocus(part(place));
                       PostMessageW(part(place), WM_KEYDOWN, VK_RETURN, kRepeated);
-                      test.loop.settle();
-                      test.key(VK_ESCAPE);
+                      test.loop.at(10, [this] { test.key(VK_ESCAPE); });
                   }),
                   std::nullopt)
             << place;
