@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 
 #include "edit/menu_rule.h"
 #include "ui/window.h"
@@ -17,11 +18,13 @@ class EditMenu {
 
     explicit EditMenu(const ui::Window& owner) : owner_(owner) {}
 
-    /// What choosing an item does, with the index that the menu was opened for.
+    /// What choosing an item of the menu does to an item of the overview.
     void provide(MenuCommand command, Operation operation);
-    /// Shows the menu at a place of the screen (pixels) until its user has chosen, and does that. Throws
-    /// Leaving.
-    void open(const MenuState& state, int index, POINT screen);
+    /// Shows the menu at a place of the screen (pixels) until its user has chosen; none when he left it.
+    /// Throws Leaving.
+    std::optional<MenuCommand> choose(const MenuState& state, POINT screen) const;
+    /// Does what was provided for a command.
+    void run(MenuCommand command, int index) const;
 
   private:
     const ui::Window& owner_;

@@ -1,7 +1,10 @@
 #include "edit/editing.h"
 
+#include <commctrl.h>
+
 #include <utility>
 
+#include "edit/item_file.h"
 #include "ui/message_box.h"
 
 namespace edit {
@@ -26,8 +29,7 @@ Editing::Block::~Block() {
 }
 
 Editing::Editing(ui::EventLoop& loop, overview::Overview& overview)
-    : loop_(loop),
-      overview_(overview),
+    : overview_(overview),
       menu_(overview.form()),
       lock_({overview.records(), overview.grid(), overview.store()}),
       deletion_({loop, overview.records(), overview.view(), overview.grid()}),
@@ -36,6 +38,8 @@ Editing::Editing(ui::EventLoop& loop, overview::Overview& overview)
       end_({overview.form(), overview.form().Timer1, overview.records()}) {
     provideOwn();
     overview_.onMenu = [this](int index, POINT screen) { openMenu(index, screen); };
+    // The boxes are there until others take their places: their texts would be those of other items.
+    overview_.onLoad = [this] { settings_.setShown(false); };
     overview_.form().onCloseAsked = [this] { end(); };
     store_.onProgress = [this](int done, int all) { overview_.form().showProgress(done, all); };
     end_.listed = [this] { return listed(); };
@@ -44,6 +48,7 @@ Editing::Editing(ui::EventLoop& loop, overview::Overview& overview)
 
 Editing::~Editing() {
     overview_.onMenu = nullptr;
+    overview_.onLoad = nullptr;
     overview_.form().onCloseAsked = nullptr;
 }
 
@@ -80,11 +85,28 @@ MenuState Editing::stateOf(int index) const {
     return state;
 }
 
+void Editing::holdTips(int more) {
+    tipsHeld_ += more;
+    SendMessageW(overview_.tips().hWnd(), TTM_ACTIVATE, tipsHeld_ == 0 ? TRUE : FALSE, 0);
+}
+
 void Editing::openMenu(int index, POINT screen) {
     if (blocks_ > 0) {
         return;
     }
-    menu_.open(stateOf(index), index, screen);
+    // A tip for the place where the pointer comes to rest on the menu would lie over what that opens.
+    const WithoutTips still(*this);
+    const std::wstring fileName = overview_.records().thumbRecords[static_cast<std::size_t>(index)].fileName;
+    const auto chosen = menu_.choose(stateOf(index), screen);
+    if (!chosen) {
+        return;
+    }
+    // What the menu covered is painted before anything takes its time. Nothing else may come in between: a
+    // window that is closed right now would save. While the menu was open the item may have moved.
+    RedrawWindow(overview_.form().hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    if (const auto now = itemNamed(overview_.records(), fileName)) {
+        menu_.run(*chosen, *now);
+    }
 }
 
 void Editing::refuse(const std::wstring& sentence) {

@@ -54,6 +54,18 @@ class Editing {
         bool wasEnabled_;
     };
 
+    /// While one lives no thumbnail shows its tip, which would lie over what is open.
+    class WithoutTips {
+      public:
+        explicit WithoutTips(Editing& editing) : editing_(editing) { editing_.holdTips(1); }
+        ~WithoutTips() { editing_.holdTips(-1); }
+        WithoutTips(const WithoutTips&) = delete;
+        WithoutTips& operator=(const WithoutTips&) = delete;
+
+      private:
+        Editing& editing_;
+    };
+
     PictureLock& lock() { return lock_; }
     PictureDeletion& deletion() { return deletion_; }
     SettingsDisplay& settings() { return settings_; }
@@ -70,10 +82,10 @@ class Editing {
   private:
     void provideOwn();
     MenuState stateOf(int index) const;
+    void holdTips(int more);
     void storeThumbnails();
     bool keyWhileStoring(int key);
 
-    ui::EventLoop& loop_;
     overview::Overview& overview_;
     EditMenu menu_;
     PictureLock lock_;
@@ -82,6 +94,7 @@ class Editing {
     StoreCommands store_;
     EditingEnd end_;
     int blocks_ = 0;
+    int tipsHeld_ = 0;
     bool endAsked_ = false;
 };
 

@@ -1,9 +1,9 @@
 #include "edit/entry_editor.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "edit/editor_place.h"
+#include "edit/item_file.h"
 #include "platform/directory.h"
 #include "platform/monitors.h"
 
@@ -49,6 +49,7 @@ void EntryEditor::open(int index) {
     const std::vector<std::wstring> musicFiles = parts_.musicFiles();
     fillMusic(musicFiles);
     fileName_ = parts_.records.thumbRecords[static_cast<std::size_t>(index)].fileName;
+    parts_.allowTips(false);
     show(index);
     parts_.form.show();
     fill(index, musicFiles);
@@ -57,6 +58,7 @@ void EntryEditor::open(int index) {
 void EntryEditor::close() {
     fileName_.clear();
     parts_.form.hide();
+    parts_.allowTips(true);
 }
 
 void EntryEditor::recordsChanged() {
@@ -72,18 +74,13 @@ void EntryEditor::recordsChanged() {
 
 // An item is known by its file, wherever it lies meanwhile.
 std::optional<int> EntryEditor::itemOf(const std::wstring& fileName) const {
-    const auto& all = parts_.records.thumbRecords;
-    const auto found = std::find_if(all.begin(), all.end(), [&](const overview::ThumbRecord& record) {
-        return record.fileName == fileName;
-    });
-    const auto index = static_cast<int>(found - all.begin());
-    return found != all.end() && isThere(index) ? std::optional(index) : std::nullopt;
+    const auto index = itemNamed(parts_.records, fileName);
+    return index && isThere(*index) ? index : std::nullopt;
 }
 
 bool EntryEditor::isThere(int index) const {
     const auto& record = parts_.records.thumbRecords[static_cast<std::size_t>(index)];
-    return !record.deleted &&
-           platform::fileExists(platform::joinPath(parts_.records.folder, record.fileName));
+    return !record.deleted && platform::fileExists(pathOf(parts_.records, index));
 }
 
 // Without music files the list keeps its items.

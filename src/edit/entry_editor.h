@@ -30,8 +30,10 @@ class EntryEditor {
         std::function<void(int index)> redraw;
         /// The toolTip of a record is another one.
         std::function<void(int index)> tipChanged;
-        /// Shows the settings of all items anew where they are being shown.
+        /// Writes the settings of all items anew where they are being shown.
         std::function<void()> shownAgain;
+        /// Whether thumbnails may show their tips, which would lie over the open editor.
+        std::function<void(bool allowed)> allowTips;
     };
     /// Takes the form's events over for as long as it lives.
     explicit EntryEditor(Parts parts);

@@ -34,7 +34,7 @@ std::wstring shortOrLong(const std::wstring& path) {
 // not every file system remembers the long name that belonged to it.
 void giveNameBack(const std::wstring& path, const std::wstring& given) {
     if (!platform::fileExists(path) && platform::fileExists(given)) {
-        MoveFileW(given.c_str(), path.c_str());
+        MoveFileW(platform::unlimitedPath(given).c_str(), platform::unlimitedPath(path).c_str());
     }
 }
 
@@ -118,7 +118,8 @@ std::wstring ExternalEditor::edit(const ItemFile& former, int index) {
     if (!editor.handle) {
         // Its stored thumbnail comes back with it.
         parts_.desk.redraw(index);
-        return L"«" + program + L"» kann nicht gestartet werden: " + platform::systemMessage(editor.code);
+        return L"«" + program + L"» kann nicht gestartet werden: " +
+               platform::systemMessage(editor.code, parts_.EditorPath);
     }
     KeptTimes times(former);
     parts_.loop.waitPainting(editor.handle.get());

@@ -1,5 +1,6 @@
 #include "edit/item_file.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "files/file_stamp.h"
@@ -29,6 +30,14 @@ std::wstring faultOf(const overview::ThumbRecords& records, int index, const std
 }
 
 }  // namespace
+
+std::optional<int> itemNamed(const overview::ThumbRecords& records, const std::wstring& fileName) {
+    const auto& all = records.thumbRecords;
+    const auto found = std::find_if(all.begin(), all.end(), [&](const overview::ThumbRecord& record) {
+        return record.fileName == fileName;
+    });
+    return found != all.end() ? std::optional(static_cast<int>(found - all.begin())) : std::nullopt;
+}
 
 std::wstring pathOf(const overview::ThumbRecords& records, int index) {
     return platform::joinPath(records.folder, records.thumbRecords[static_cast<std::size_t>(index)].fileName);

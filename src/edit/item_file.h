@@ -15,6 +15,9 @@ struct ItemFile {
     platform::FileFacts facts;
 };
 
+/// Where the item of a file lies now; none when there is no such item any more.
+std::optional<int> itemNamed(const overview::ThumbRecords& records, const std::wstring& fileName);
+
 /// The path of an item's file. `index`: from 0.
 std::wstring pathOf(const overview::ThumbRecords& records, int index);
 

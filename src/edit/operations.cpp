@@ -16,9 +16,19 @@ Operations::Operations(const Parts& parts)
                 [this](int index) { return parts_.overview.view().onScreen(index); },
                 [this](int index) { redraw(index); },
                 [this](int index) { parts_.overview.grid().tipChanged(index); },
-                [this] { parts_.editing.settings().setShown(parts_.editing.settings().shown()); }}),
+                [this] { parts_.editing.settings().refresh(); },
+                [this](bool allowed) {
+                    if (allowed) {
+                        withoutTips_.reset();
+                    } else {
+                        withoutTips_.emplace(parts_.editing);
+                    }
+                }}),
       dates_({parts.overview.records(), dialogue(),
-              [this](int index) { parts_.overview.grid().tipChanged(index); }}),
+              [this](int index) {
+                  parts_.overview.grid().tipChanged(index);
+                  parts_.editing.settings().refresh();
+              }}),
       info_({parts.loop, parts.overview.records(), properties_,
              [this] { return parts_.overview.form().hwnd(); }, dialogue(ui::MessageIcon::Information)}),
       external_({parts.loop, parts.overview.records(), parts.EditorPath, dialogue(), desk(), parts.keepPath}),
@@ -78,7 +88,11 @@ SaveGrid Operations::saveGrid() {
                 parts_.overview.grid().stop();
             },
             [this](const std::vector<int>& indices) { removeItems(indices); },
-            [this] { parts_.overview.filesRenamed(); }, parts_.reload};
+            [this] {
+                parts_.overview.filesRenamed();
+                parts_.editing.settings().refresh();
+            },
+            parts_.reload};
 }
 
 void Operations::provide() {

@@ -70,6 +70,7 @@ class Operations {
     ExternalEditor external_;
     Save save_;
     std::optional<Editing::Block> block_;
+    std::optional<Editing::WithoutTips> withoutTips_;
 };
 
 }  // namespace edit

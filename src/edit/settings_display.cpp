@@ -42,9 +42,18 @@ SettingsDisplay::~SettingsDisplay() {
 }
 
 void SettingsDisplay::setShown(bool shown) {
-    if (std::exchange(shown_, shown) == shown) {
-        return;
+    if (std::exchange(shown_, shown) != shown) {
+        repaintAll();
     }
+}
+
+void SettingsDisplay::refresh() {
+    if (shown_) {
+        repaintAll();
+    }
+}
+
+void SettingsDisplay::repaintAll() {
     for (int i = 0; i < view_.boxCount(); ++i) {
         view_.box(i)->repaint();
     }

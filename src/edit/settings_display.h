@@ -21,8 +21,11 @@ class SettingsDisplay {
 
     bool shown() const { return shown_; }
     void setShown(bool shown);
+    /// The items have changed: what is shown of them is written anew.
+    void refresh();
 
   private:
+    void repaintAll();
     void draw(int index, picture::Pixels& box, const overview::ImagePlace& place);
     void drawPiece(const SettingsPiece& piece, const RECT& place, int halo) const;
 

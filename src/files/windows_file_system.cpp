@@ -177,7 +177,7 @@ Failure WindowsFileSystem::writeNew(const std::wstring& path, std::string_view b
 Answer<std::string> WindowsFileSystem::read(const std::wstring& path) const {
     Answer<std::string> answer;
     try {
-        const auto bytes = platform::readFileBytes(unlimitedPath(path), std::size_t{1} << 28);
+        const auto bytes = platform::readFileBytes(path, std::size_t{1} << 28);
         answer.value.assign(bytes.begin(), bytes.end());
     } catch (const platform::Error& error) {
         answer.failure = failureOf(error.code());

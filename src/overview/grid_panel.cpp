@@ -117,8 +117,9 @@ void GridPanel::scrolled(int code) {
     }
 }
 
-bool GridPanel::onKeyDown(int key, bool) {
-    return onKey(key);
+// Enter that answered a box and is still held down opens nothing.
+bool GridPanel::onKeyDown(int key, bool repeated) {
+    return (key == VK_RETURN && repeated) || onKey(key);
 }
 
 bool GridPanel::onMouseDown(const ui::MouseEvent& event) {

@@ -179,6 +179,9 @@ void Overview::filesRenamed() {
 }
 
 int Overview::load(const std::wstring& folder) {
+    if (onLoad) {
+        onLoad();
+    }
     ThumbFolder read = readThumbFolder(folder, pattern_);
     records_ = std::move(read.records);
     store_ = std::move(read.store);

@@ -62,6 +62,8 @@ class Overview {
     /// The files of the records have other names now, and so have their thumbnails in the store.
     void filesRenamed();
 
+    /// The items are about to be read anew, and their boxes to be made anew.
+    std::function<void()> onLoad;
     /// The order of the items has changed.
     std::function<void()> onChanged;
     /// The menu of an item is wanted; records().pressedIndex is that item already.

@@ -76,7 +76,9 @@ void ThumbnailGrid::makeBoxes() {
     const int from = parts_.view.boxCount();
     const bool more = parts_.view.createMore(thumbs_, kBoxesPerTurn);
     for (int i = from; i < parts_.view.boxCount(); ++i) {
-        parts_.records.thumbRecords[static_cast<std::size_t>(i)].toolTip = tipOf(record(i));
+        if (!std::exchange(at(i).tipped, true)) {
+            parts_.records.thumbRecords[static_cast<std::size_t>(i)].toolTip = tipOf(record(i));
+        }
         tipChanged(i);
     }
     if (!more) {

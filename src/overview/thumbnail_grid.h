@@ -77,6 +77,7 @@ class ThumbnailGrid {
         int version = 0;      ///< counts how often the file was changed
         bool film = false;    ///< asked for all items at every turn
         bool filled = false;  ///< dealt with at least once
+        bool tipped = false;  ///< its record has a tip, which may have been changed or taken away since
     };
 
     const Thumb& at(int index) const { return thumbs_[static_cast<std::size_t>(index)]; }

@@ -4,13 +4,14 @@
 
 #include <algorithm>
 
+#include "platform/directory.h"
 #include "platform/error.h"
 #include "platform/handles.h"
 
 namespace platform {
 
 std::vector<std::uint8_t> readFileBytes(const std::wstring& path, std::size_t most, std::size_t spare) {
-    const File file(CreateFileW(path.c_str(), GENERIC_READ,
+    const File file(CreateFileW(unlimitedPath(path).c_str(), GENERIC_READ,
                                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                 OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     if (!file) {

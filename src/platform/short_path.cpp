@@ -3,19 +3,22 @@
 #include <windows.h>
 
 #include "platform/code_page.h"
+#include "platform/directory.h"
 
 namespace platform {
 
-// The wide call, since the narrow one cannot name a file outside the code page.
+// The wide call, since the narrow one cannot name a file outside the code page. What makes a path one of any
+// length comes back with it, and other programs do not know that.
 std::wstring wideShortPath(const std::wstring& path) {
     constexpr DWORD kBufferSize = 255;
-    std::wstring buffer(kBufferSize, L' ');
-    const DWORD length = GetShortPathNameW(path.c_str(), buffer.data(), kBufferSize);
-    if (length == 0 || length >= kBufferSize) {
+    const std::wstring asked = unlimitedPath(path);
+    const std::size_t mark = asked.size() - path.size();
+    std::wstring buffer(kBufferSize + mark, L' ');
+    const DWORD length = GetShortPathNameW(asked.c_str(), buffer.data(), static_cast<DWORD>(buffer.size()));
+    if (length <= mark || length >= buffer.size()) {
         return {};
     }
-    buffer.resize(length);
-    return buffer;
+    return buffer.substr(mark, length - mark);
 }
 
 std::string shortPath(const std::wstring& path) {

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <cstddef>
+
 namespace platform {
 
 namespace {
@@ -22,10 +24,14 @@ std::wstring messageIn(DWORD language, unsigned long code) {
 
 }  // namespace
 
-std::wstring systemMessage(unsigned long code) {
+std::wstring systemMessage(unsigned long code, const std::wstring& subject) {
     std::wstring message = messageIn(MAKELANGID(LANG_GERMAN, SUBLANG_GERMAN), code);
     if (message.empty()) {
         message = messageIn(0, code);
+    }
+    const std::wstring placeholder = L"%1";
+    if (const std::size_t at = message.find(placeholder); at != std::wstring::npos && !subject.empty()) {
+        message.replace(at, placeholder.size(), subject);
     }
     return message.empty() ? L"Fehler " + std::to_wstring(code) : message;
 }

@@ -49,13 +49,20 @@ class InputForm : public Form {
           ok_(at(id::kInputOK, buttonPlace(promptHeight, 1), L"OK"), ButtonLook::Accent),
           cancel_(at(id::kInputCANCEL, buttonPlace(promptHeight, 0), L"Abbruch")) {
         setCards({{kMargin, kMargin, kWidth - 2 * kMargin, cardHeight(promptHeight)}});
-        ok_.onClick = text_.onReturn = [this] { answer(text_.text()); };
+        ok_.onClick = [this] { answer(text_.text()); };
+        text_.onReturn = [this] {
+            if (!returnHeld_) {
+                answer(text_.text());
+            }
+        };
         cancel_.onClick = onCloseAsked = [this] { answer(std::nullopt); };
-        onKey = [this](int key, bool) {
+        // Held down since a menu or a box before, Enter answers nothing.
+        onKey = [this](int key, bool repeated) {
             if (key == VK_ESCAPE) {
                 answer(std::nullopt);
             }
-            return key == VK_ESCAPE;
+            returnHeld_ = key == VK_RETURN && repeated;
+            return key == VK_ESCAPE || returnHeld_;
         };
         text_.selectAll();
     }
@@ -96,6 +103,7 @@ class InputForm : public Form {
     PushButton cancel_;
     std::optional<std::wstring> answer_;
     bool answered_ = false;
+    bool returnHeld_ = false;
 };
 
 void InputForm::moveOver(const Window& owner) {

@@ -30,7 +30,7 @@ class EntryEditorStage {
         editor.emplace(edit::EntryEditor::Parts{
             test.loop, *form, records, [this] { return music; }, [this](int) { return thumbnail; },
             [this](int index) { log("redraw", index); }, [this](int index) { log("tip", index); },
-            [this] { log("settings", -1); }});
+            [this] { log("settings", -1); }, [this](bool allowed) { tips = allowed; }});
         form->onActivation = [this](bool active) { disturbed = disturbed || (!active && editor->isOpen()); };
         editor->onRefused = [this](const std::wstring& sentence) { refused.push_back(sentence); };
     }
@@ -104,6 +104,7 @@ class EntryEditorStage {
     std::vector<std::string>
         calls;  ///< "redraw 0", "tip 0", "settings", with "!" while the editor is visible
     std::vector<std::wstring> refused;
+    bool tips = true;        ///< thumbnails may show theirs
     bool disturbed = false;  ///< the open editor was no longer the active window
 
   private:

@@ -1,6 +1,8 @@
 // The menu of an item as the overview opens it, and what happens to it when the program is left.
 #include "edit/editing.h"
 
+#include <commctrl.h>
+
 #include <gmock/gmock.h>
 
 #include "support/app_stage.h"
@@ -29,6 +31,20 @@ TEST(Editing, TheMenuShowsWhatIsProvided) {
     EXPECT_TRUE(stage.offers(1, L"Datei-Info"));
     stage.choose(1, L"Datei-Info");
     EXPECT_EQ(chosen, 1);
+}
+
+TEST(Editing, WhatIsChosenIsDoneToTheItemWhereverItLiesThen) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue, kBlue});
+    ASSERT_TRUE(stage.open());
+    std::vector<int> chosen;
+    stage.editing->provide(MenuCommand::Minf, [&](int index) { chosen.push_back(index); });
+    stage.editing->onStateAsked = [&](MenuState&) { stage.overview->grid().move(2, 0); };
+    stage.choose(2, L"Datei-Info");
+    EXPECT_THAT(chosen, ElementsAre(0));
+    stage.editing->onStateAsked = [&](MenuState&) { stage.record(1).fileName = L"anders.jpg"; };
+    stage.choose(1, L"Datei-Info");
+    EXPECT_THAT(chosen, ElementsAre(0)) << "the item is another one now";
 }
 
 TEST(Editing, EnlargingAsksForTheItem) {
@@ -101,6 +117,48 @@ TEST(Editing, AFolderThatCannotBeWrittenOffersOnlyLooking) {
         stage.choose(0),
         ElementsAre(L"Bild vergrößern", L" Bild sperren", L"Bild-Einstellungen anzeigen", L" Bild löschen",
                     L" Minibilder speichern", L" Minibilder löschen", L"Beenden (zurück)"));
+}
+
+/// Notes when the tips of a tooltip window are switched on and off.
+class TipWatch {
+  public:
+    explicit TipWatch(HWND window) : window_(window) {
+        SetWindowSubclass(window_, see, 1, reinterpret_cast<DWORD_PTR>(this));
+    }
+    ~TipWatch() { RemoveWindowSubclass(window_, see, 1); }
+    TipWatch(const TipWatch&) = delete;
+    TipWatch& operator=(const TipWatch&) = delete;
+    bool on = true;
+    bool wasOff = false;
+
+  private:
+    static LRESULT CALLBACK see(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR self) {
+        auto& watch = *reinterpret_cast<TipWatch*>(self);
+        if (message == TTM_ACTIVATE) {
+            watch.on = w != 0;
+            watch.wasOff = watch.wasOff || !watch.on;
+        }
+        return DefSubclassProc(window, message, w, l);
+    }
+    HWND window_;
+};
+
+TEST(Editing, NoTipLiesOverTheMenuNorOverWhatItOpens) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue});
+    ASSERT_TRUE(stage.open());
+    const TipWatch tips(stage.overview->tips().hWnd());
+    bool during = true;
+    stage.editing->provide(MenuCommand::Minf, [&](int) { during = tips.on; });
+    stage.choose(0, L"Datei-Info");
+    EXPECT_FALSE(during);
+    EXPECT_TRUE(tips.wasOff && tips.on);
+    {
+        const Editing::WithoutTips open(*stage.editing);
+        stage.choose(0, L"Datei-Info");
+        EXPECT_FALSE(tips.on) << "something is open still";
+    }
+    EXPECT_TRUE(tips.on);
 }
 
 TEST(Editing, LeavingEndsAnOpenMenu) {

@@ -161,6 +161,22 @@ TEST_F(EntryEditorTest, AbbruchChangesNothing) {
     EXPECT_THAT(stage.calls, IsEmpty());
 }
 
+TEST_F(EntryEditorTest, NoTipLiesOverItWhileItIsOpen) {
+    stage.open(L"Haus");
+    EXPECT_FALSE(stage.tips);
+    stage.editor->open(1);
+    EXPECT_FALSE(stage.tips);
+    form().CANCEL.click();
+    EXPECT_TRUE(stage.tips);
+    stage.open(L"Haus");
+    stage.accept();
+    EXPECT_TRUE(stage.tips);
+    stage.editor->open(1);
+    stage.record(1).deleted = true;
+    stage.editor->recordsChanged();
+    EXPECT_TRUE(stage.tips);
+}
+
 TEST_F(EntryEditorTest, IsFilledAnewForAnotherItem) {
     stage.record(1).entry = L"Zwei *P=2 *D";
     stage.open(L"Eins *P=1 *E=A");

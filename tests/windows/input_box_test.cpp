@@ -115,6 +115,19 @@ TEST_F(InputBoxTest, EnterIsOkAndEscapeIsAbbruch) {
         << "Enter presses the button that has the focus";
 }
 
+TEST_F(InputBoxTest, EnterThatIsHeldDownSinceAMenuAnswersNothing) {
+    constexpr LPARAM kRepeated = (1L << 30) | 1;
+    for (const int place : {id::kInputText, id::kInputOK}) {
+        EXPECT_EQ(ask([&] {
+                      SetFocus(part(place));
+                      PostMessageW(part(place), WM_KEYDOWN, VK_RETURN, kRepeated);
+                      test.loop.at(10, [this] { test.key(VK_ESCAPE); });
+                  }),
+                  std::nullopt)
+            << place;
+    }
+}
+
 TEST_F(InputBoxTest, ClosingItIsAbbruch) {
     EXPECT_EQ(ask([&] { SendMessageW(box, WM_CLOSE, 0, 0); }), std::nullopt);
 }

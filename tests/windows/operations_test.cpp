@@ -40,12 +40,12 @@ class OperationsTest : public testing::Test {
         };
         return stage.until(all);
     }
-    /// Answers the question for the prefix when it comes.
-    void answerPrefix(const std::wstring& prefix) {
-        stage.loop.at(20, [this, prefix] {
+    /// Answers the question that comes next.
+    void answer(const std::wstring& text) {
+        stage.loop.at(20, [this, text] {
             const HWND box = FindWindowW(L"PanorellInputBox", nullptr);
             asked = box != nullptr;
-            for (const wchar_t c : prefix) {
+            for (const wchar_t c : text) {
                 SendMessageW(GetFocus(), WM_CHAR, c, 1);
             }
             PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 1);
@@ -78,7 +78,7 @@ TEST_F(OperationsTest, ASaveRenamesAndIsTakenBackThroughTheMenu) {
         before.push_back(support::readBytes(stage.pictures / name));
     }
     stage.drag(3, 0);
-    answerPrefix(L"P");
+    answer(L"P");
     stage.choose(0, L"Änderungen speichern");
     EXPECT_TRUE(asked);
     EXPECT_THAT(stage.names(), ElementsAre(L"P001.jpg", L"P002.jpg", L"P003.jpg", L"P004.jpg"));
@@ -100,11 +100,42 @@ TEST_F(OperationsTest, DeletedItemsLeaveTheGridAndTheSelectedOneStaysSelected) {
     open();
     stage.choose(1, L"Bild löschen");
     stage.overview->selection().select(3);
-    answerPrefix(L"P");
+    answer(L"P");
     EXPECT_TRUE(operations->save().save());
     EXPECT_TRUE(shows({0, 2, 3}));
     EXPECT_EQ(stage.overview->records().pressedIndex, 2);
     EXPECT_FALSE(stage.exists(L"b.jpg"));
+}
+
+TEST_F(OperationsTest, ATipStaysWithItsItemWhenOthersAreDeleted) {
+    open();
+    stage.record(2).toolTip = L"Haus *P=5";
+    stage.record(3).toolTip.clear();
+    const std::wstring first = stage.record(0).toolTip;
+    ASSERT_FALSE(first.empty());
+    stage.choose(1, L"Bild löschen");
+    answer(L"P");
+    EXPECT_TRUE(operations->save().save());
+    ASSERT_TRUE(shows({0, 2, 3}));
+    const std::wstring expected[]{first, L"Haus *P=5", L""};
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(stage.record(i).toolTip, expected[i]) << i;
+        EXPECT_EQ(stage.overview->tips().ToolText(stage.box(i)), expected[i]) << i;
+    }
+}
+
+TEST_F(OperationsTest, TheSettingsThatAreShownFollowDatesAndNames) {
+    open();
+    stage.choose(0, L"Bild-Einstellungen anzeigen");
+    picture::Pixels before = stage.seen(0);
+    answer(L"24.12.2025 18:30");
+    stage.choose(0, L"Datum ändern");
+    EXPECT_TRUE(asked);
+    EXPECT_NE(stage.seen(0).data, std::exchange(before, stage.seen(0)).data) << "another date";
+    answer(L"Urlaub");
+    operations->save().save();
+    ASSERT_EQ(stage.names()[0], L"Urlaub001.jpg");
+    EXPECT_NE(stage.seen(0).data, before.data) << "another name";
 }
 
 TEST_F(OperationsTest, TheEntryEditorFollowsItsItemAndEndsWithIt) {

@@ -187,6 +187,14 @@ TEST_F(OverviewWindowTest, ReturnAndADoubleClickEnlarge) {
     EXPECT_EQ(selected(), 3);
 }
 
+TEST_F(OverviewWindowTest, ReturnThatIsHeldDownSinceABoxEnlargesNothing) {
+    open(5);
+    stage.key(VK_RIGHT);
+    constexpr LPARAM kRepeated = (1L << 30) | 1;
+    SendMessageW(stage.panel(), WM_KEYDOWN, VK_RETURN, kRepeated);
+    EXPECT_FALSE(stage.overview->enlarged().isOpen());
+}
+
 TEST_F(OverviewWindowTest, TheRightButtonAsksForTheMenuOfItsItem) {
     open(5);
     stage.press(2, WM_RBUTTONDOWN);

@@ -163,6 +163,13 @@ TEST(SystemMessage, IsOneLineOfText) {
     EXPECT_EQ(systemMessage(0xE0001234), L"Fehler 3758101044");
 }
 
+TEST(SystemMessage, NamesWhatItSpeaksOf) {
+    const std::wstring message = systemMessage(ERROR_BAD_EXE_FORMAT, L"C:\\a b.txt");
+    EXPECT_NE(message.find(L"C:\\a b.txt"), std::wstring::npos) << message;
+    EXPECT_EQ(message.find(L'%'), std::wstring::npos) << message;
+    EXPECT_EQ(systemMessage(ERROR_NOT_READY, L"a.txt").find(L"a.txt"), std::wstring::npos);
+}
+
 TEST(FileTime, IsLocalAndInTheUsersFormats) {
     const ScratchFolder folder;
     const std::wstring path = folder.file(L"a.jpg");

@@ -82,6 +82,19 @@ TEST(SettingsDisplay, ABoxThatIsPaintedAgainTellsWhatIsTrueNow) {
     EXPECT_EQ(pixels(stage, 1, kMagenta), 0) << "the next save drops the entry";
 }
 
+TEST(SettingsDisplay, WhatChangedIsWrittenAtOnce) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue});
+    ASSERT_TRUE(stage.open());
+    stage.editing->settings().refresh();
+    EXPECT_EQ(pixels(stage, 0, kShadow), 0) << "it is not shown";
+    stage.editing->settings().setShown(true);
+    ASSERT_EQ(pixels(stage, 1, kMagenta), 0);
+    stage.record(1).entry = L"*D";
+    stage.editing->settings().refresh();
+    EXPECT_GT(pixels(stage, 1, kMagenta), 10);
+}
+
 TEST(SettingsDisplay, ItEndsWhenAllThumbnailsWereMadeAnew) {
     EditStage stage;
     stage.picturesOf({kBlue, kBlue});
@@ -90,6 +103,22 @@ TEST(SettingsDisplay, ItEndsWhenAllThumbnailsWereMadeAnew) {
     stage.choose(0, L"Minibilder speichern");
     EXPECT_FALSE(stage.editing->settings().shown());
     EXPECT_EQ(pixels(stage, 0, kShadow), 0);
+    EXPECT_TRUE(stage.offers(0, L"Bild-Einstellungen anzeigen"));
+}
+
+TEST(SettingsDisplay, ItEndsWhenTheFolderIsLoadedAnew) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kBlue, kBlue});
+    ASSERT_TRUE(stage.open());
+    stage.editing->settings().setShown(true);
+    ASSERT_GT(pixels(stage, 2, kText), 20);
+    stage.pictures.remove(L"c.jpg");
+    stage.overview->reload();
+    EXPECT_FALSE(stage.editing->settings().shown());
+    ASSERT_TRUE(stage.loaded());
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(pixels(stage, i, kShadow), 0) << i;
+    }
     EXPECT_TRUE(stage.offers(0, L"Bild-Einstellungen anzeigen"));
 }
 
