@@ -68,8 +68,8 @@ class ModelledFileSystem : public files::FileSystem, public ModelledOperations {
 
     files::Failure remove(const std::wstring& path) override {
         const files::Failure failure = begin({path});
-        const ModelledDisk::Node* node = disk_.find(path);
-        if (node != nullptr && (disk_.file(*node).attributes & files::kReadOnly) != 0) {
+        const ModelledDisk::Node* node = disk().find(path);
+        if (node != nullptr && (disk().file(*node).attributes & files::kReadOnly) != 0) {
             return files::Failure::Denied;
         }
         return failure == files::Failure::None ? erase(path) : failure;
