@@ -9,21 +9,31 @@
 
 namespace edit {
 
-// The keyboard goes to the window itself meanwhile: with its grid disabled nothing else would hear it.
-Editing::Block::Block(Editing& editing)
-    : editing_(editing), wasEnabled_(editing.overview_.form().Grid.enabled()) {
+// The keyboard goes to the window itself meanwhile: with all of it disabled nothing else would hear it.
+Editing::Block::Block(Editing& editing) : editing_(editing) {
     ++editing_.blocks_;
     overview::Form2& form = editing_.overview_.form();
     editing_.overview_.drag().cancel();
-    form.Grid.setEnabled(false);
+    std::vector<ui::Control*> controls{&form.Grid, &form.List1, &form.OK, &form.CAN, &form.Ton};
+    for (ui::PushButton& button : form.Command) {
+        controls.push_back(&button);
+    }
+    for (ui::Control* control : controls) {
+        if (control->enabled()) {
+            control->setEnabled(false);
+            disabled_.push_back(control);
+        }
+    }
     SetFocus(form.hwnd());
 }
 
 Editing::Block::~Block() {
     --editing_.blocks_;
     overview::Form2& form = editing_.overview_.form();
-    form.Grid.setEnabled(wasEnabled_);
-    if (wasEnabled_ && GetFocus() == form.hwnd()) {
+    for (ui::Control* control : disabled_) {
+        control->setEnabled(true);
+    }
+    if (form.Grid.enabled() && GetFocus() == form.hwnd()) {
         form.Grid.setFocus();
     }
 }

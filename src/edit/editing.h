@@ -51,7 +51,7 @@ class Editing {
 
       private:
         Editing& editing_;
-        bool wasEnabled_;
+        std::vector<ui::Control*> disabled_;
     };
 
     /// While one lives no thumbnail shows its tip, which would lie over what is open.

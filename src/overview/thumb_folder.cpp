@@ -93,9 +93,9 @@ ThumbFolder readThumbFolder(const std::wstring& folder, const std::wstring& patt
 bool canWriteTo(const std::wstring& folder) {
     int refused = 0;
     for (int i = 0; i < kMostProbes; ++i) {
-        const platform::File probe(
-            CreateFileW(platform::joinPath(folder, probeName(i)).c_str(), GENERIC_WRITE | DELETE, 0, nullptr,
-                        CREATE_NEW, FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+        const platform::File probe(CreateFileW(
+            platform::unlimitedPath(platform::joinPath(folder, probeName(i))).c_str(), GENERIC_WRITE | DELETE,
+            0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
         if (probe) {
             return true;
         }

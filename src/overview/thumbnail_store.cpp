@@ -9,6 +9,7 @@
 #include "overview/bitmap_file.h"
 #include "overview/store_rule.h"
 #include "picture/picture_decoder.h"
+#include "platform/directory.h"
 #include "platform/error.h"
 #include "platform/file_bytes.h"
 #include "platform/handles.h"
@@ -38,8 +39,8 @@ std::vector<std::wstring> filesIn(const std::wstring& folder, std::wstring_view 
 }
 
 bool writeFile(const std::wstring& path, const std::vector<std::uint8_t>& bytes) {
-    const platform::File file(
-        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const platform::File file(CreateFileW(platform::unlimitedPath(path).c_str(), GENERIC_WRITE, 0, nullptr,
+                                          CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     DWORD written = 0;
     return file &&
            WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) !=
@@ -73,7 +74,7 @@ bool ThumbnailStore::save(std::wstring_view fileName, const picture::Pixels& pix
     if (!keeps_ || !writable_ || pixels.empty() || shared_.contains(folded)) {
         return false;
     }
-    const std::wstring path = platform::joinPath(folder_, name);
+    const std::wstring path = platform::unlimitedPath(platform::joinPath(folder_, name));
     const std::wstring half = path + kHalfWritten;
     if (!writeFile(half, encodeBitmap(pixels)) ||
         MoveFileExW(half.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING) == FALSE) {
@@ -86,7 +87,7 @@ bool ThumbnailStore::save(std::wstring_view fileName, const picture::Pixels& pix
 
 void ThumbnailStore::remove(std::wstring_view fileName) {
     const std::wstring path = pathOf(fileName);
-    if (!path.empty() && DeleteFileW(path.c_str()) != FALSE) {
+    if (!path.empty() && DeleteFileW(platform::unlimitedPath(path).c_str()) != FALSE) {
         names_.erase(foldedName(thumbnailName(fileName)));
     }
 }
@@ -96,20 +97,21 @@ bool ThumbnailStore::folderThere() const {
 }
 
 bool ThumbnailStore::create() {
-    keeps_ = writable_ && (folderThere() || CreateDirectoryW(folder_.c_str(), nullptr) != FALSE);
+    keeps_ = writable_ &&
+             (folderThere() || CreateDirectoryW(platform::unlimitedPath(folder_).c_str(), nullptr) != FALSE);
     return keeps_;
 }
 
 void ThumbnailStore::removeAll() {
     for (const std::wstring& name : filesIn(folder_, kOwnFiles)) {
-        const std::wstring path = platform::joinPath(folder_, name);
+        const std::wstring path = platform::unlimitedPath(platform::joinPath(folder_, name));
         // A folder copied from a CD holds files that are write-protected.
         SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
         if (DeleteFileW(path.c_str()) != FALSE) {
             names_.erase(foldedName(name));
         }
     }
-    RemoveDirectoryW(folder_.c_str());
+    RemoveDirectoryW(platform::unlimitedPath(folder_).c_str());
     keeps_ = present();
 }
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/code_page.h"
+#include "platform/directory.h"
 #include "platform/error.h"
 #include "platform/file_bytes.h"
 #include "script/script_writer.h"
@@ -31,7 +32,7 @@ std::wstring decoded(const std::string& bytes) {
 ScriptReading readScript(const std::wstring& folder) {
     ScriptReading reading;
     const std::wstring path = scriptPath(folder);
-    const DWORD attributes = GetFileAttributesW(path.c_str());
+    const DWORD attributes = GetFileAttributesW(platform::unlimitedPath(path).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) {
         // A folder that cannot be reached may well hold one.
         const DWORD code = GetLastError();

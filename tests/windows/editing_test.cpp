@@ -192,8 +192,12 @@ TEST(Editing, WhileItIsBlockedNothingIsLeftOrOpened) {
         stage.editing->end();
         EXPECT_EQ(stage.left.times, 0);
         EXPECT_FALSE(stage.overview->form().Grid.enabled());
+        EXPECT_FALSE(stage.overview->form().List1.enabled()) << "the music would be renamed";
+        EXPECT_FALSE(stage.overview->form().OK.enabled());
     }
     EXPECT_TRUE(stage.overview->form().Grid.enabled());
+    EXPECT_TRUE(stage.overview->form().List1.enabled());
+    EXPECT_TRUE(stage.overview->form().OK.enabled());
     stage.editing->end();
     EXPECT_EQ(stage.left.times, 1);
 }

@@ -5,10 +5,14 @@
 #include <string>
 #include <vector>
 
+#include "overview/thumb_folder.h"
+#include "overview/thumbnail_store.h"
+#include "picture/pixels.h"
 #include "platform/directory.h"
 #include "platform/file_bytes.h"
 #include "platform/file_facts.h"
 #include "platform/short_path.h"
+#include "script/script_file.h"
 #include "support/import_hook.h"
 #include "support/scratch_folder.h"
 
@@ -51,11 +55,28 @@ class PathWatch {
         return one->shortName_.original<decltype(shortName)>()(seen(path), buffer, size);
     }
 
+    static BOOL WINAPI makeFolder(const wchar_t* path, SECURITY_ATTRIBUTES* security) {
+        return one->makeFolder_.original<decltype(makeFolder)>()(seen(path), security);
+    }
+    static BOOL WINAPI move(const wchar_t* from, const wchar_t* to, DWORD flags) {
+        return one->move_.original<decltype(move)>()(seen(from), seen(to), flags);
+    }
+    static BOOL WINAPI remove(const wchar_t* path) {
+        return one->remove_.original<decltype(remove)>()(seen(path));
+    }
+    static BOOL WINAPI removeFolder(const wchar_t* path) {
+        return one->removeFolder_.original<decltype(removeFolder)>()(seen(path));
+    }
+
     static inline PathWatch* one = nullptr;
     ImportHook create_{"CreateFileW", &create};
     ImportHook attributes_{"GetFileAttributesW", &attributes};
     ImportHook setAttributes_{"SetFileAttributesW", &setAttributes};
     ImportHook shortName_{"GetShortPathNameW", &shortName};
+    ImportHook makeFolder_{"CreateDirectoryW", &makeFolder};
+    ImportHook move_{"MoveFileExW", &move};
+    ImportHook remove_{"DeleteFileW", &remove};
+    ImportHook removeFolder_{"RemoveDirectoryW", &removeFolder};
 };
 
 class LongPath : public testing::Test {
@@ -103,6 +124,29 @@ TEST_F(LongPath, AShortFormIsOneThatAnyProgramTakes) {
         EXPECT_FALSE(form.starts_with(L"\\\\?\\")) << form;
         EXPECT_TRUE(fileExists(form)) << form;
     }
+}
+
+TEST_F(LongPath, AFolderIsWorkedIn) {
+    const std::wstring folder = joinPath(folder_.folder(std::wstring(100, L'o')), std::wstring(160, L'p'));
+    ASSERT_TRUE(CreateDirectoryW((L"\\\\?\\" + folder).c_str(), nullptr));
+    {
+        const PathWatch watch;
+        EXPECT_TRUE(overview::canWriteTo(folder));
+        EXPECT_EQ(script::readScript(folder).state, script::ScriptReading::State::Missing);
+        overview::ThumbnailStore store(folder, {L"a.jpg", L"b.jpg"}, true);
+        EXPECT_TRUE(store.create());
+        for (const wchar_t* name : {L"a.jpg", L"b.jpg"}) {
+            EXPECT_TRUE(store.save(name, picture::Pixels(4, 3)));
+        }
+        EXPECT_FALSE(store.pathOf(L"a.jpg").empty());
+        EXPECT_TRUE(overview::readThumbnail(store.pathOf(L"a.jpg")));
+        store.remove(L"a.jpg");
+        EXPECT_TRUE(store.pathOf(L"a.jpg").empty());
+        store.removeAll();
+        EXPECT_FALSE(store.folderThere());
+        EXPECT_THAT(watch.refused, IsEmpty());
+    }
+    EXPECT_TRUE(RemoveDirectoryW((L"\\\\?\\" + folder).c_str()));
 }
 
 }  // namespace
