@@ -59,6 +59,8 @@ class Show:
             raise
         self.first_ms = 1000 * (time.perf_counter() - begun)
         if viewer.cut_key:
+            # A picture may be seen before its window has the keyboard.
+            time.sleep(REST_S)
             screen.press(viewer.cut_key)
 
     def step(self):
