@@ -42,6 +42,7 @@ void MusicFiles::load(const std::wstring& folder) {
 
 MusicRenamed MusicFiles::rename(const std::wstring& musicFolder, const std::vector<MusicEntry>& order) {
     std::vector<media::OrderedTitle> titles;
+    titles.reserve(order.size());
     for (const MusicEntry& entry : order) {
         titles.push_back({entry.fileName, stamps_[entry.fileName], entry.plays});
     }

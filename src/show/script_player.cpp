@@ -1,14 +1,12 @@
 #include "show/script_player.h"
 
-#include <utility>
-
 #include "platform/file_time.h"
 #include "script/picture_key.h"
 #include "script/script_file.h"
 
 namespace show {
 
-ScriptPlayer::ScriptPlayer(Parts parts) : parts_(std::move(parts)) {}
+ScriptPlayer::ScriptPlayer(const Parts& parts) : parts_(parts) {}
 
 script::Entry ScriptPlayer::lookUp() const {
     const auto text = script::readScriptFile(parts_.choices.Dir1.path());

@@ -25,7 +25,7 @@ class ScriptPlayer {
         ui::Choices choices;
         ui::Timers timers;
     };
-    explicit ScriptPlayer(Parts parts);
+    explicit ScriptPlayer(const Parts& parts);
 
     /// Mode 2 takes the music request only, before a picture is drawn; mode 1 applies title, pause, effect
     /// and date, when it is on the screen. Any other mode is like 1 without the date stamp.

@@ -18,7 +18,7 @@ void beep() {
 
 }  // namespace
 
-ShowControls::ShowControls(Parts parts) : parts_(std::move(parts)) {}
+ShowControls::ShowControls(const Parts& parts) : parts_(parts) {}
 
 bool ShowControls::keyDown(int key) {
     if (parts_.state.showMode == kNoShow) {

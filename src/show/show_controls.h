@@ -26,7 +26,7 @@ class ShowControls {
         ui::Choices choices;
         ui::Timers timers;
     };
-    explicit ShowControls(Parts parts);
+    explicit ShowControls(const Parts& parts);
 
     /// A key went down; true when a show runs, which has a use for every key.
     bool keyDown(int key);

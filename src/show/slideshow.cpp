@@ -19,9 +19,8 @@ constexpr int kAhead = 2;
 
 }  // namespace
 
-Slideshow::Slideshow(Parts parts)
-    : parts_(std::move(parts)),
-      end_({parts_.loop, parts_.screen, parts_.engines, parts_.stage, parts_.timers}) {
+Slideshow::Slideshow(const Parts& parts)
+    : parts_(parts), end_({parts_.loop, parts_.screen, parts_.engines, parts_.stage, parts_.timers}) {
     parts_.timers.Timer1.onTimer = [this] { tick(); };
 }
 

@@ -28,7 +28,7 @@ class Slideshow {
         ui::Choices choices;
         ui::Timers timers;
     };
-    explicit Slideshow(Parts parts);
+    explicit Slideshow(const Parts& parts);
 
     /// Turns the window into the show surface and brings the selected item onto it, stepping by hand. Does
     /// nothing when there are no files.
