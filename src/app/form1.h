@@ -49,6 +49,8 @@ class Form1 : public ui::Form {
     void cover(const RECT& place);
     /// Brings a form that took its place unseen onto the screen, all painted.
     void uncover();
+    /// The place that it covers; none in the set-up.
+    const std::optional<RECT>& covered() const { return covered_; }
     /// Draws the program's emblem into Pic3.
     void drawEmblem();
 

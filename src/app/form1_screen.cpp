@@ -40,6 +40,11 @@ void Form1Screen::takeOver() {
     form_.cover(platform::Monitors::current().areaOf(form_.hwnd()));
 }
 
+bool Form1Screen::coversMonitor() const {
+    const RECT monitor = platform::Monitors::current().areaOf(form_.hwnd());
+    return form_.covered() && EqualRect(&*form_.covered(), &monitor) != FALSE;
+}
+
 show::ShowSurface Form1Screen::surfaceToCome() const {
     const platform::Monitors& monitors = platform::Monitors::current();
     const bool second = form_.Screen2.value() == 1;

@@ -22,6 +22,8 @@ class Form1Screen : public show::ShowScreen {
     ui::Pointer& pointer() override { return pointer_; }
     RECT rectangle() const override;
 
+    /// Whether the window covers the monitor that it is on, as that is now.
+    bool coversMonitor() const;
     /// The surface that a show would have, once the window has taken over.
     show::ShowSurface surfaceToCome() const;
     /// The colours of the monitor that the window is on.

@@ -16,12 +16,16 @@ Show::Show(ui::EventLoop& loop, media::MediaControl& control, Form1& form, Surfa
                [this] { return runner_.running() || video_.sounds(); }}),
       script_({state_, captions_, runner_, music_, player_, form.choices(), form.timers()}),
       slideshow_({loop, state_, screen_, pictures_, engines(), form.stage(), form.choices(), form.timers()}),
-      controls_({loop, state_, screen_, slideshow_, engines(), form.stage(), form.choices(), form.timers()}) {
+      controls_({loop, state_, screen_, slideshow_, engines(), form.stage(), form.choices(), form.timers()}),
+      watch_(loop, screen_, [this] { screensChanged(); }) {
     wire();
 }
 
 void Show::wire() {
-    slideshow_.onStarted = [this] { onStarted(); };
+    slideshow_.onStarted = [this] {
+        watch_.start();
+        onStarted();
+    };
     slideshow_.onEnd = [this] { onEnd(); };
     controls_.onRestart = [this] { onRestart(); };
     form_.EOT.onClick = [this] { slideshow_.stop(); };

@@ -5,6 +5,7 @@
 
 #include "app/form1.h"
 #include "app/form1_screen.h"
+#include "app/screen_watch.h"
 #include "app/surface_settings.h"
 #include "media/background_music.h"
 #include "media/media_control.h"
@@ -80,6 +81,7 @@ class Show {
     show::ScriptPlayer script_;
     show::Slideshow slideshow_;
     show::ShowControls controls_;
+    ScreenWatch watch_;
 };
 
 }  // namespace app

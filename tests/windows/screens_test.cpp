@@ -148,6 +148,21 @@ TEST_F(ScreensTest, TheSurfaceFollowsAScreenOfAnotherSize) {
     EXPECT_TRUE(support::alike(at(2, 2), kGreen));
 }
 
+// Wine tells its programs nothing of it.
+TEST_F(ScreensTest, TheSurfaceFollowsAScreenThatChangesInSilence) {
+    stage.loadFolder(L" P=60");
+    form().Run.click();
+    stage.monitors.first = RECT{0, 0, 800, 300};
+    stage.loop.advance(1100);
+    expectSurface({0, 0, 800, 300});
+    EXPECT_TRUE(support::alike(at(400, 150), kRed));
+    EXPECT_EQ(at(190, 150), 0U);
+    stage.monitors.first = RECT{0, 0, 640, 480};
+    stage.loop.advance(1100);
+    expectSurface({0, 0, 640, 480});
+    EXPECT_EQ(stage.showState().pictureIndex, 0) << "the pause goes on";
+}
+
 TEST_F(ScreensTest, TheSurfaceGoesWhereAMonitorIsLeft) {
     stage.monitors.second = RECT{640, 0, 1440, 600};
     stage.loadFolder();
