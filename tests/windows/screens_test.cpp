@@ -4,6 +4,9 @@
 #include <commctrl.h>
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <utility>
+
 #include "support/app_stage.h"
 #include "support/import_hook.h"
 
@@ -111,6 +114,39 @@ TEST_F(ScreensTest, AShowOnASecondScreenOfAnotherScalingFillsIt) {
     }
     expectSurface(*stage.monitors.second);
     EXPECT_TRUE(support::alike(at(790, 10), kRed)) << "to its corners";
+}
+
+// A film would be opened for it in the middle of the start.
+TEST_F(ScreensTest, TheMoveToASecondScreenBringsNoPreviewOfAFilm) {
+    stage.application.reset();
+    stage.pictures.remove(L"a.jpg");
+    stage.pictures.file(L"a.mpg", "no film");
+    stage.monitors.second = RECT{640, 0, 1440, 600};
+    stage.monitors.dpi = 144;
+    stage.monitors.secondDpi = 96;
+    stage.create();
+    stage.loadFolder();
+    SetWindowPos(form().hwnd(), nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    stage.click(form().Screen2);
+    const ScalingTeller teller(form().hwnd(), stage.monitors);
+    stage.control.clear();
+    form().Start.click();
+    ASSERT_EQ(teller.told(), 1);
+    const auto commands = stage.control.commands();
+    EXPECT_EQ(std::count_if(commands.begin(), commands.end(),
+                            [](const std::string& command) { return command.rfind("open ", 0) == 0; }),
+              1)
+        << "for the show itself";
+}
+
+TEST_F(ScreensTest, NoPreviewBeginsInAShow) {
+    stage.loadFolder();
+    form().Start.click();
+    form().File1.setSelectedIndex(1);
+    EXPECT_FALSE(stage.application->previewLoading());
+    stage.loop.advance(1000);
+    expectSurface({0, 0, 640, 480});
+    EXPECT_TRUE(support::alike(at(320, 240), kRed));
 }
 
 TEST_F(ScreensTest, APreviewIsPossibleAgainWhereNoShowBegan) {
@@ -221,6 +257,57 @@ TEST_F(ScreensTest, TitleAndDateStandAtTheirPlacesAgain) {
     EXPECT_FALSE(form().UT.visible());
     EXPECT_EQ(bright(), 0);
     EXPECT_TRUE(support::alike(at(400, 20), kRed));
+}
+
+TEST_F(ScreensTest, TheInformationLineStandsAtTheRightEdgeAgain) {
+    stage.loadFolder();
+    form().Start.click();
+    stage.type(L'?');
+    ASSERT_TRUE(form().Text1.visible());
+    resize({0, 0, 800, 300});
+    EXPECT_NEAR(windowOf(form().Text1.hwnd()).right, 800, 1);
+    resize({0, 0, 640, 480});
+    EXPECT_NEAR(windowOf(form().Text1.hwnd()).right, 640, 1);
+}
+
+TEST_F(ScreensTest, AnotherScalingEnlargesWhatLiesOnTheSurface) {
+    stage.monitors.dpi = 96;
+    stage.pictures.file(L"Panorell.txt", "a Am Strand\r\n");
+    stage.loadFolder();
+    form().Start.click();
+    ASSERT_TRUE(form().UT.visible());
+    const auto heightOf = [](const ui::Control& control) { return control.clientSize().cy; };
+    const LONG title = heightOf(form().UT);
+    const LONG end = heightOf(form().EOT);
+    stage.monitors.dpi = 192;
+    const RECT suggested{0, 0, 1280, 960};
+    SendMessageW(form().hwnd(), WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&suggested));
+    stage.loop.settle();
+    expectSurface({0, 0, 640, 480});
+    EXPECT_NEAR(heightOf(form().UT), 2 * title, 2);
+    EXPECT_NEAR(heightOf(form().EOT), 2 * end, 2);
+    const RECT place = windowOf(form().UT.hwnd());
+    EXPECT_EQ(place.right, 640);
+    EXPECT_NEAR(place.top, 480 - 2 * (place.bottom - place.top), 1);
+    EXPECT_TRUE(support::alike(at(320, 100), kRed));
+}
+
+TEST_F(ScreensTest, AScreenThatChangesWhileAShowBeginsIsFollowedToo) {
+    stage.pictures.remove(L"a.jpg");
+    stage.pictures.file(L"a.mpg", "no film");
+    stage.control.replyTo("status VIDEO length", "60000");
+    stage.loadFolder();
+    stage.control.onSend = [&, changed = false](const std::string& command) mutable {
+        // The film is open, and the window is told while the start still works on it.
+        if (command.rfind("open ", 0) == 0 && form().Pic2.clientSize().cx == 640 &&
+            !std::exchange(changed, true)) {
+            stage.monitors.first = RECT{0, 0, 800, 300};
+            PostMessageW(form().hwnd(), WM_DISPLAYCHANGE, 32, MAKELPARAM(800, 300));
+        }
+    };
+    form().Start.click();
+    expectSurface({0, 0, 800, 300});
+    EXPECT_THAT(stage.control.commands(), testing::Contains(" put VIDEO window at 0 0 800 300"));
 }
 
 TEST_F(ScreensTest, AFilmFillsTheScreenThatIsThere) {
