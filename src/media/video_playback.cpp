@@ -131,6 +131,9 @@ void VideoPlayback::CaptureLastFrameAndClose() {
 }
 
 void VideoPlayback::ramp(RampStep (*stepOf)(int, int), int musicVolume, int pauseMs) {
+    // Nothing is painted while it runs: neither a film's first frame nor its title may wait for its end.
+    RedrawWindow(GetAncestor(parts_.stage.Pic2.hwnd(), GA_ROOT), nullptr, nullptr,
+                 RDW_UPDATENOW | RDW_ALLCHILDREN);
     const double start = parts_.loop.now();
     for (int i = 0; i < kRampSteps; ++i) {
         const RampStep step = stepOf(i, musicVolume);

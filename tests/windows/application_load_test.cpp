@@ -200,8 +200,12 @@ TEST(RunAtOnce, APreviewThatComesLateIsDropped) {
     stage.picture(L"b.jpg", 0x20A040);
     stage.load(stage.pictures.path() + L" P=1 L=0 R=1");
     ASSERT_EQ(stage.showState().showMode, show::kAutomatically);
+    EXPECT_FALSE(stage.application->previewLoading());
     const SIZE size = stage.form().clientSize();
-    ASSERT_TRUE(stage.until([&] { return stage.showState().pictureIndex == 1; }));
+    ASSERT_TRUE(stage.until([&] {
+        EXPECT_EQ(stage.form().Pic2.clientSize().cx, size.cx) << "the preview's place";
+        return stage.showState().pictureIndex == 1 || stage.form().Pic2.clientSize().cx != size.cx;
+    }));
     stage.loop.advance(900);
     EXPECT_EQ(stage.form().Pic2.image().width(), size.cx);
     EXPECT_TRUE(support::alike(stage.shown(), 0x20A040));

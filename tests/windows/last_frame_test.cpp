@@ -132,6 +132,28 @@ TEST(LastFrame, OfAHiddenBoxIsNotLookedForOnTheScreen) {
     EXPECT_THAT(stage.control.commands(), Contains(testing::EndsWith(" alias FRAME")));
 }
 
+TEST(LastFrame, OfAMinimisedWindowIsNotLookedForOnTheScreen) {
+    DeafStage stage;
+    stage.showFilm();
+    ShowWindow(stage.form.hwnd(), SW_MINIMIZE);
+    ASSERT_TRUE(IsIconic(stage.form.hwnd()));
+    EXPECT_FALSE(lastFrame(stage.control, stage.Pic2, stage.pathOf(L"b.mpg")));
+    EXPECT_THAT(stage.control.commands(), Contains(testing::EndsWith(" alias FRAME")));
+}
+
+TEST(LastFrame, IsLookedForBesideWhereAnotherProgramLiesOverIt) {
+    DeafStage stage;
+    stage.showFilm();
+    RECT film{};
+    GetWindowRect(stage.Pic2.hwnd(), &film);
+    const HWND other = CreateWindowExW(WS_EX_TOPMOST, L"Static", L"", WS_POPUP, film.left + 20, film.top + 20,
+                                       30, 30, nullptr, nullptr, nullptr, nullptr);
+    ShowWindow(other, SW_SHOWNOACTIVATE);
+    EXPECT_FALSE(lastFrame(stage.control, stage.Pic2, stage.pathOf(L"b.mpg")));
+    EXPECT_THAT(stage.control.commands(), Contains(testing::EndsWith(" alias FRAME")));
+    DestroyWindow(other);
+}
+
 /// Plays like the device that it stands before, but paints no frame.
 class NoFrames : public MediaControl {
   public:

@@ -220,12 +220,14 @@ TEST_F(ScreensTest, ATransitionEndsBeforeTheSurfaceFollows) {
     form().Timer2.setInterval(10);
     stage.type(L'd');  // four seconds
     bool seen = false;
+    const double begin = stage.loop.now();
     stage.loop.at(2500, [&] {
         seen = form().Pic3.visible();
         resize({0, 0, 800, 300});
     });
     stage.loop.advance(3000);
     EXPECT_TRUE(seen) << "in its middle";
+    EXPECT_LT(stage.loop.now(), begin + 3100) << "at once, not when its four seconds are over";
     EXPECT_FALSE(form().Pic3.visible());
     expectSurface({0, 0, 800, 300});
     EXPECT_TRUE(support::alike(at(400, 150), kGreen));
@@ -378,6 +380,26 @@ TEST_F(ScreensTest, AShowRefusesScreenSaverAndSleepUntilItsEnd) {
     ASSERT_TRUE(form().EOT.visible());
     EXPECT_FALSE(refuses(SC_SCREENSAVE));
     EXPECT_FALSE(refuses(SC_MONITORPOWER));
+}
+
+// Who has brought another window before the show has it there still.
+TEST_F(ScreensTest, AShowThatFollowsStaysBehindWhatLiesBeforeIt) {
+    stage.loadFolder();
+    form().Start.click();
+    const HWND other = CreateWindowExW(0, L"Static", L"", WS_POPUP | WS_VISIBLE, 10, 10, 50, 50, nullptr,
+                                       nullptr, nullptr, nullptr);
+    SetWindowPos(other, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    const auto liesBefore = [&] {
+        HWND above = GetWindow(form().hwnd(), GW_HWNDPREV);
+        while (above != nullptr && above != other) {
+            above = GetWindow(above, GW_HWNDPREV);
+        }
+        return above == other;
+    };
+    EXPECT_TRUE(liesBefore());
+    resize({0, 0, 800, 300});
+    EXPECT_TRUE(liesBefore());
+    DestroyWindow(other);
 }
 
 TEST_F(ScreensTest, AMinimisedShowFollowsWhenItComesBack) {
