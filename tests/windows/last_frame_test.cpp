@@ -88,6 +88,38 @@ TEST(LastFrame, IsAskedForAlsoWhereTheSizeIsNotKnown) {
     EXPECT_EQ(frame->width(), 160);
 }
 
+TEST(LastFrame, HasTheSizeOfItsBoxWhereADamagedHeadTellsAnImpossibleOne) {
+    VideoStage stage({L"a.mpg"}, "5000");
+    stage.Pic2.movePixels(0, 0, 160, 120);
+    for (const char* size : {"0 0 4097 24", "0 0 32 4097", "0 0 0 24", "0 0 32 -1"}) {
+        stage.control.replyTo("where VIDEO source", size);
+        const auto frame = lastFrame(stage.control, stage.Pic2, stage.pathOf(L"a.mpg"));
+        ASSERT_TRUE(frame) << size;
+        EXPECT_EQ(frame->width(), 160) << size;
+        EXPECT_EQ(frame->height(), 120) << size;
+    }
+}
+
+/// Paints something, but answers that it could not.
+class Unsure : public MediaControl {
+  public:
+    explicit Unsure(MediaControl& painter) : painter_(painter) {}
+    MediaReply send(const std::string& command, int replySize) override {
+        MediaReply reply = painter_.send(command, replySize);
+        reply.error = command.rfind("update", 0) == 0 ? 276 : reply.error;
+        return reply;
+    }
+
+  private:
+    MediaControl& painter_;
+};
+
+TEST(LastFrame, IsNotTakenFromADeviceThatAnswersAnError) {
+    VideoStage stage({L"a.mpg"}, "5000");
+    Unsure control(stage.control);
+    EXPECT_FALSE(lastFrame(control, stage.Pic2, stage.pathOf(L"a.mpg")));
+}
+
 // Nothing was painted, whether the device says so or not.
 TEST(LastFrame, IsCopiedFromTheScreenWhereNothingLiesOverIt) {
     DeafStage stage;

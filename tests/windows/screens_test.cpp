@@ -339,6 +339,44 @@ TEST_F(ScreensTest, TheEndStaysTheEnd) {
     EXPECT_NEAR(end.top + end.bottom, 600, 1);
 }
 
+// Rounded where it stood, it would be cut off.
+TEST_F(ScreensTest, TheEndButtonIsRoundedAnewForAnotherScaling) {
+    stage.monitors.dpi = 96;
+    stage.loadFolder(L" P=1");
+    form().Run.click();
+    stage.loop.advance(6000);
+    ASSERT_TRUE(form().EOT.visible());
+    stage.monitors.dpi = 192;
+    const RECT suggested{0, 0, 1280, 960};
+    SendMessageW(form().hwnd(), WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&suggested));
+    stage.loop.settle();
+    const platform::Region region(CreateRectRgn(0, 0, 0, 0));
+    ASSERT_NE(GetWindowRgn(form().EOT.hwnd(), region.get()), ERROR);
+    RECT rounded{};
+    GetRgnBox(region.get(), &rounded);
+    EXPECT_NEAR(rounded.right, form().EOT.clientSize().cx, 1);
+    EXPECT_NEAR(rounded.bottom, form().EOT.clientSize().cy, 1);
+}
+
+TEST_F(ScreensTest, ADateIsNotStretchedWithAPictureThatHasGone) {
+    stage.pictures.file(L"Panorell.txt", "a *D\r\n");
+    stage.loadFolder();
+    form().Start.click();
+    const auto bright = [&] {
+        const picture::Surface& image = form().Pic2.image();
+        GdiFlush();
+        return std::count_if(image.bits(), image.bits() + image.width() * image.height(),
+                             [](std::uint32_t pixel) { return (pixel & 0xFFFFFF) == 0x00FFFF; });
+    };
+    ASSERT_GT(bright(), 50);
+    stage.pictures.remove(L"a.jpg");
+    resize({0, 0, 800, 600});
+    EXPECT_GT(bright(), 50);
+    stage.loop.advance(4500);
+    EXPECT_EQ(bright(), 0);
+    EXPECT_TRUE(support::alike(at(400, 20), kRed));
+}
+
 TEST_F(ScreensTest, InTheSetupNothingFollows) {
     stage.loadFolder();
     const RECT before = windowOf(form().hwnd());

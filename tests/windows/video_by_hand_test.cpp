@@ -101,7 +101,7 @@ TEST(VideoByHand, WithoutVideoSoundTheMusicGoesOnFromTheFirstItemToo) {
 
 TEST(VideoEntries, TheFirstItemTakesItsOwnWithoutADate) {
     RoadStage stage({L"a.mpg", L"b.mpg", L"c.jpg"}, "8000");
-    stage.writeScript("a Am Meer *E=C *D\r\nb Zwei *E=D *D\r\n");
+    stage.writeScript("a Am Meer *E=C *D\r\nb Zwei *E=D *D *M=Lied\r\n");
     stage.ShowFN.setValue(1);
     stage.show.start();
     EXPECT_TRUE(stage.UT.visible());
@@ -116,6 +116,7 @@ TEST(VideoEntries, TheFirstItemTakesItsOwnWithoutADate) {
     EXPECT_EQ(stage.state.pictureIndex, 1);
     EXPECT_FALSE(stage.UT.visible());
     EXPECT_EQ(stage.runner.effectNumber, 3) << "other videos take none";
+    EXPECT_TRUE(stage.music.musicRequest.empty());
 }
 
 /// Presses a key in the middle of the next capture.

@@ -278,6 +278,24 @@ TEST(Ramps, MusicFallsWhileTheVideoRises) {
     EXPECT_DOUBLE_EQ(stage.loop.slept(), 501 * 4 + 501 * 2);
 }
 
+// A title that had come up just before would stand half painted for as long as the fade takes.
+TEST(Ramps, WhatIsNewIsPaintedBeforeThem) {
+    VideoStage stage({L"a.mpg"}, "3000");
+    stage.form.show();
+    stage.UT.show();
+    stage.loop.settle();
+    InvalidateRect(stage.UT.hwnd(), nullptr, FALSE);
+    ASSERT_TRUE(GetUpdateRect(stage.UT.hwnd(), nullptr, FALSE));
+    bool waits = true;
+    stage.control.onSend = [&](const std::string& command) {
+        if (command == "setaudio VIDEO volume to 0") {
+            waits = GetUpdateRect(stage.UT.hwnd(), nullptr, FALSE) != FALSE;
+        }
+    };
+    stage.video.RampToVideo();
+    EXPECT_FALSE(waits);
+}
+
 TEST(Ramps, LoudMusicIsNotSilencedWhole) {
     VideoStage stage({L"a.mpg"}, "3000");
     stage.music.musicVolume = 600;
