@@ -7,57 +7,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "support/app_stage.h"
 #include "support/import_hook.h"
+#include "support/screen_test.h"
 
 namespace app {
 namespace {
 
-using support::AppStage;
-
-constexpr std::uint32_t kRed = 0xC02020;
-constexpr std::uint32_t kGreen = 0x20C020;
-
-RECT windowOf(HWND window) {
-    RECT place{};
-    GetWindowRect(window, &place);
-    return place;
-}
-
-class ScreensTest : public testing::Test {
-  protected:
-    ScreensTest() {
-        stage.picture(L"a.jpg", kRed, 400, 300);
-        stage.picture(L"b.jpg", kGreen, 400, 300);
-    }
-    Form1& form() { return stage.form(); }
-    /// The monitor of the show has another size from now on, and the system tells so.
-    void resize(const RECT& monitor) {
-        stage.monitors.first = monitor;
-        SendMessageW(form().hwnd(), WM_DISPLAYCHANGE, 32,
-                     MAKELPARAM(monitor.right - monitor.left, monitor.bottom - monitor.top));
-        stage.loop.settle();
-    }
-    void expectSurface(const RECT& monitor) {
-        const RECT window = windowOf(form().hwnd());
-        EXPECT_TRUE(EqualRect(&window, &monitor))
-            << window.left << ' ' << window.top << ' ' << window.right << ' ' << window.bottom;
-        const int width = monitor.right - monitor.left;
-        const int height = monitor.bottom - monitor.top;
-        EXPECT_EQ(stage.showState().screenWidth, width);
-        EXPECT_EQ(stage.showState().screenHeight, height);
-        EXPECT_EQ(form().Pic2.clientSize().cx, width);
-        EXPECT_EQ(form().Pic2.clientSize().cy, height);
-        EXPECT_EQ(form().Pic2.image().width(), width);
-        EXPECT_EQ(form().Pic2.image().height(), height);
-    }
-    std::uint32_t at(int x, int y) {
-        GdiFlush();
-        const picture::Surface& image = form().Pic2.image();
-        return image.bits()[y * image.width() + x] & 0xFFFFFFU;
-    }
-    AppStage stage;
-};
+class ScreensTest : public support::ScreenTest {};
 
 /// Tells a form of a change of scaling when it comes to the second monitor, as the system does.
 class ScalingTeller {
@@ -79,7 +35,8 @@ class ScalingTeller {
         if (message == WM_WINDOWPOSCHANGED && dpi != teller->dpi_) {
             const int before = std::exchange(teller->dpi_, dpi);
             ++teller->told_;
-            RECT suggested = windowOf(window);
+            RECT suggested{};
+            GetWindowRect(window, &suggested);
             suggested.right = suggested.left + MulDiv(suggested.right - suggested.left, dpi, before);
             suggested.bottom = suggested.top + MulDiv(suggested.bottom - suggested.top, dpi, before);
             SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&suggested));
@@ -234,66 +191,6 @@ TEST_F(ScreensTest, ATransitionEndsBeforeTheSurfaceFollows) {
     EXPECT_EQ(at(100, 150), 0U);
 }
 
-TEST_F(ScreensTest, TitleAndDateStandAtTheirPlacesAgain) {
-    stage.pictures.file(L"Panorell.txt", "a Am Strand *D\r\n");
-    stage.loadFolder();
-    form().Start.click();
-    ASSERT_TRUE(form().UT.visible());
-    resize({0, 0, 800, 600});
-    EXPECT_TRUE(form().UT.visible());
-    const RECT title = windowOf(form().UT.hwnd());
-    EXPECT_EQ(title.left, 0);
-    EXPECT_EQ(title.right, 800);
-    EXPECT_NEAR(title.top, 600 - 2 * (title.bottom - title.top), 1);
-    const auto bright = [&] {
-        int count = 0;
-        for (int y = 0; y < 60; ++y) {
-            for (int x = 0; x < 800; ++x) {
-                count += at(x, y) == 0x00FFFF ? 1 : 0;
-            }
-        }
-        return count;
-    };
-    EXPECT_GT(bright(), 50) << "the date in cyan";
-    stage.loop.advance(4500);
-    EXPECT_FALSE(form().UT.visible());
-    EXPECT_EQ(bright(), 0);
-    EXPECT_TRUE(support::alike(at(400, 20), kRed));
-}
-
-TEST_F(ScreensTest, TheInformationLineStandsAtTheRightEdgeAgain) {
-    stage.loadFolder();
-    form().Start.click();
-    stage.type(L'?');
-    ASSERT_TRUE(form().Text1.visible());
-    resize({0, 0, 800, 300});
-    EXPECT_NEAR(windowOf(form().Text1.hwnd()).right, 800, 1);
-    resize({0, 0, 640, 480});
-    EXPECT_NEAR(windowOf(form().Text1.hwnd()).right, 640, 1);
-}
-
-TEST_F(ScreensTest, AnotherScalingEnlargesWhatLiesOnTheSurface) {
-    stage.monitors.dpi = 96;
-    stage.pictures.file(L"Panorell.txt", "a Am Strand\r\n");
-    stage.loadFolder();
-    form().Start.click();
-    ASSERT_TRUE(form().UT.visible());
-    const auto heightOf = [](const ui::Control& control) { return control.clientSize().cy; };
-    const LONG title = heightOf(form().UT);
-    const LONG end = heightOf(form().EOT);
-    stage.monitors.dpi = 192;
-    const RECT suggested{0, 0, 1280, 960};
-    SendMessageW(form().hwnd(), WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&suggested));
-    stage.loop.settle();
-    expectSurface({0, 0, 640, 480});
-    EXPECT_NEAR(heightOf(form().UT), 2 * title, 2);
-    EXPECT_NEAR(heightOf(form().EOT), 2 * end, 2);
-    const RECT place = windowOf(form().UT.hwnd());
-    EXPECT_EQ(place.right, 640);
-    EXPECT_NEAR(place.top, 480 - 2 * (place.bottom - place.top), 1);
-    EXPECT_TRUE(support::alike(at(320, 100), kRed));
-}
-
 TEST_F(ScreensTest, AScreenThatChangesWhileAShowBeginsIsFollowedToo) {
     stage.pictures.remove(L"a.jpg");
     stage.pictures.file(L"a.mpg", "no film");
@@ -323,58 +220,6 @@ TEST_F(ScreensTest, AFilmFillsTheScreenThatIsThere) {
     resize({0, 0, 800, 300});
     EXPECT_THAT(stage.control.commands(), testing::ElementsAre(" put VIDEO window at 0 0 800 300"));
     expectSurface({0, 0, 800, 300});
-}
-
-TEST_F(ScreensTest, TheEndStaysTheEnd) {
-    stage.loadFolder(L" P=1");
-    form().Run.click();
-    stage.loop.advance(6000);
-    ASSERT_TRUE(form().EOT.visible());
-    resize({0, 0, 800, 600});
-    expectSurface({0, 0, 800, 600});
-    EXPECT_TRUE(form().EOT.visible());
-    EXPECT_TRUE(support::alike(at(10, 10), kGreen));
-    const RECT end = windowOf(form().EOT.hwnd());
-    EXPECT_NEAR(end.left + end.right, 800, 1);
-    EXPECT_NEAR(end.top + end.bottom, 600, 1);
-}
-
-// Rounded where it stood, it would be cut off.
-TEST_F(ScreensTest, TheEndButtonIsRoundedAnewForAnotherScaling) {
-    stage.monitors.dpi = 96;
-    stage.loadFolder(L" P=1");
-    form().Run.click();
-    stage.loop.advance(6000);
-    ASSERT_TRUE(form().EOT.visible());
-    stage.monitors.dpi = 192;
-    const RECT suggested{0, 0, 1280, 960};
-    SendMessageW(form().hwnd(), WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&suggested));
-    stage.loop.settle();
-    const platform::Region region(CreateRectRgn(0, 0, 0, 0));
-    ASSERT_NE(GetWindowRgn(form().EOT.hwnd(), region.get()), ERROR);
-    RECT rounded{};
-    GetRgnBox(region.get(), &rounded);
-    EXPECT_NEAR(rounded.right, form().EOT.clientSize().cx, 1);
-    EXPECT_NEAR(rounded.bottom, form().EOT.clientSize().cy, 1);
-}
-
-TEST_F(ScreensTest, ADateIsNotStretchedWithAPictureThatHasGone) {
-    stage.pictures.file(L"Panorell.txt", "a *D\r\n");
-    stage.loadFolder();
-    form().Start.click();
-    const auto bright = [&] {
-        const picture::Surface& image = form().Pic2.image();
-        GdiFlush();
-        return std::count_if(image.bits(), image.bits() + image.width() * image.height(),
-                             [](std::uint32_t pixel) { return (pixel & 0xFFFFFF) == 0x00FFFF; });
-    };
-    ASSERT_GT(bright(), 50);
-    stage.pictures.remove(L"a.jpg");
-    resize({0, 0, 800, 600});
-    EXPECT_GT(bright(), 50);
-    stage.loop.advance(4500);
-    EXPECT_EQ(bright(), 0);
-    EXPECT_TRUE(support::alike(at(400, 20), kRed));
 }
 
 TEST_F(ScreensTest, InTheSetupNothingFollows) {
