@@ -252,7 +252,7 @@ TEST(MusicInTheShow, TickWaitsForATransition) {
 }
 
 TEST(MusicRequest, ALockedTitleThatHadToWaitIsPlayedAllTheSame) {
-    MusicStage stage({L"01 Eins.mp3", L"99 Zu.mp3", L"Drei.mp3"});
+    MusicStage stage({L"01 Eins.mp3", L"99 Zu.mp3", L"99 Auch.mp3", L"Drei.mp3"});
     stage.MUTE.setValue(1);
     stage.tick();
     stage.control.clear();
@@ -266,7 +266,7 @@ TEST(MusicRequest, ALockedTitleThatHadToWaitIsPlayedAllTheSame) {
     EXPECT_EQ(stage.opened(), L"99 Zu.mp3");
     stage.music.musicEndTime = 0;
     stage.loop.advance(2000);
-    EXPECT_EQ(stage.opened(), L"Drei.mp3") << "after it the rotation goes on";
+    EXPECT_EQ(stage.opened(), L"Drei.mp3") << "after it the rotation goes on, past those that are locked";
 }
 
 TEST(MusicRequest, ItsFadeLeavesTheVolumeToAFilmThatBegins) {

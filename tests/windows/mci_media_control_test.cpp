@@ -62,6 +62,16 @@ TEST_F(Mci, RepliesFitTheirBuffer) {
     EXPECT_EQ(control_->send("status AUDIO mode", 0).text, "");
 }
 
+// What the system's interface cannot open or paint is left to a graph.
+TEST(MediaBackEnd, TheSystemsInterfaceHasAGraphBehindIt) {
+    const auto control = createMediaControl(BackEnd::Mci);
+    MediaControl& frames = control->frameSource();
+    ASSERT_NE(&frames, control.get());
+    EXPECT_EQ(frames.send("open " + support::mediaFile("film_short.mpg") + " alias FRAME").error, 0U);
+    EXPECT_EQ(frames.send("play FRAME from 0").error, 0U);
+    EXPECT_EQ(frames.send("close FRAME").error, 0U);
+}
+
 TEST(MediaBackEnd, WineGetsTheGraphsAndWindowsItsOwnInterface) {
     EXPECT_EQ(preferredBackEnd(), platform::runsUnderWine() ? BackEnd::DirectShow : BackEnd::Mci);
 }
