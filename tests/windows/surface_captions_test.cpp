@@ -1,6 +1,8 @@
 // What lies over the surface of a show while its screen changes: captions, date and end button.
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+
 #include "platform/handles.h"
 #include "support/screen_test.h"
 
@@ -8,6 +10,14 @@ namespace app {
 namespace {
 
 class SurfaceCaptionsTest : public support::ScreenTest {};
+
+/// Of the font that a control was told to write in.
+LONG letterHeight(const ui::Control& control) {
+    LOGFONTW font{};
+    const auto used = reinterpret_cast<HFONT>(SendMessageW(control.hwnd(), WM_GETFONT, 0, 0));
+    EXPECT_NE(GetObjectW(used, sizeof font, &font), 0);
+    return std::abs(font.lfHeight);
+}
 
 TEST_F(SurfaceCaptionsTest, TitleAndDateStandAtTheirPlacesAgain) {
     stage.pictures.file(L"Panorell.txt", "a Am Strand *D\r\n");
@@ -47,10 +57,12 @@ TEST_F(SurfaceCaptionsTest, AnotherScalingEnlargesWhatLiesOnTheSurface) {
     const auto heightOf = [](const ui::Control& control) { return control.clientSize().cy; };
     const LONG title = heightOf(form().UT);
     const LONG end = heightOf(form().EOT);
+    const LONG letters = letterHeight(form().UT);
     rescale(192);
     expectSurface({0, 0, 640, 480});
     EXPECT_NEAR(heightOf(form().UT), 2 * title, 2);
     EXPECT_NEAR(heightOf(form().EOT), 2 * end, 2);
+    EXPECT_NEAR(letterHeight(form().UT), 2 * letters, 2);
     const RECT place = windowOf(form().UT.hwnd());
     EXPECT_EQ(place.right, 640);
     EXPECT_NEAR(place.top, 480 - 2 * (place.bottom - place.top), 1);
