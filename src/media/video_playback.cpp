@@ -193,14 +193,11 @@ void VideoPlayback::resume() {
     }
 }
 
-// A video that was reached by hand has been playing all the time, with its sound.
+// A video that was reached by hand has been playing all the time, with its sound; its fade is on its way.
 void VideoPlayback::stepAtItsEnd() {
     const int left = static_cast<int>(std::ceil(leftMs()));
     parts_.timers.Timer1.setInterval(left);
     parts_.timers.Timer1.restart();
-    if (fadeDue_) {
-        armFade(left);
-    }
 }
 
 }  // namespace media

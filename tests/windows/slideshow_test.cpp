@@ -157,7 +157,11 @@ TEST(SlideshowEnd, KeepsTheLastPictureUnderTheEndButton) {
     ShowStage stage(kThree);
     stage.show.start();
     stage.type(L' ');
+    stage.type(L'?');
     stage.loop.advance(16'500);
+    EXPECT_FALSE(stage.Text1.visible());
+    EXPECT_TRUE(stage.Pic3.image().empty());
+    EXPECT_DOUBLE_EQ(stage.loop.slept(), 1000) << "it stands for a second before anything else";
     EXPECT_TRUE(stage.show.atEnd());
     EXPECT_EQ(stage.state.pictureIndex, 3);
     EXPECT_TRUE(stage.EOT.visible());
@@ -229,21 +233,23 @@ TEST(SlideshowEnd, MusicFadesOutAndLeftStopsTheFade) {
 }
 
 TEST(SlideshowPause, DownShowsTheNextAskedForAndWaits) {
-    ShowStage stage(kThree);
-    stage.writeScript("b2 *P=1\r\n");
-    stage.show.start();
-    stage.type(L' ');
-    stage.key(VK_DOWN);
-    EXPECT_FALSE(stage.Timer1.enabled());
-    EXPECT_EQ(stage.state.pausedFlag, 1);
-    stage.key(VK_RIGHT);
-    stage.loop.advance(30'000);
-    EXPECT_EQ(stage.state.pictureIndex, 1) << "its own pause does not set a paused show going";
-    stage.key(VK_UP);
-    stage.loop.advance(200);
-    EXPECT_EQ(stage.state.pictureIndex, 2);
-    EXPECT_EQ(stage.state.pausedFlag, 0);
-    EXPECT_TRUE(stage.Timer1.enabled());
+    for (const char* script : {"b2 *P=1\r\n", "b2 Titel\r\n"}) {
+        ShowStage stage(kThree);
+        stage.writeScript(script);
+        stage.show.start();
+        stage.type(L' ');
+        stage.key(VK_DOWN);
+        EXPECT_FALSE(stage.Timer1.enabled());
+        EXPECT_EQ(stage.state.pausedFlag, 1);
+        stage.key(VK_RIGHT);
+        stage.loop.advance(30'000);
+        EXPECT_EQ(stage.state.pictureIndex, 1) << "its own pause does not set a paused show going";
+        stage.key(VK_UP);
+        stage.loop.advance(200);
+        EXPECT_EQ(stage.state.pictureIndex, 2);
+        EXPECT_EQ(stage.state.pausedFlag, 0);
+        EXPECT_TRUE(stage.Timer1.enabled());
+    }
 }
 
 struct Choice {

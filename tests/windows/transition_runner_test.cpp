@@ -3,10 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <vector>
 
 #include "picture/surface.h"
 #include "support/effect_model.h"
+#include "support/import_hook.h"
 #include "support/virtual_loop.h"
 #include "ui/form.h"
 
@@ -219,6 +222,29 @@ TEST(TransitionRunner, AnEffectThatIsNoneShowsTheNewPicture) {
     EXPECT_TRUE(stage.holds(after));
     EXPECT_EQ(stage.screen(), after);
     EXPECT_EQ(stage.runner.currentEffect, 33 % kEffectCount);
+}
+
+std::vector<int> stretchModes;
+
+const support::ImportHook* modeHook = nullptr;
+
+int WINAPI noteMode(HDC dc, int mode) {
+    stretchModes.push_back(mode);
+    return modeHook->original<decltype(SetStretchBltMode)>()(dc, mode);
+}
+
+TEST(TransitionRunner, StretchesLeaveRowsOutInsteadOfBlendingThem) {
+    const Picture before = painted(kWidth, kHeight, 0);
+    const Picture after = painted(kWidth, kHeight, kNewMark);
+    Stage stage(before, after);
+    stretchModes.clear();
+    const support::ImportHook hook("SetStretchBltMode", noteMode);
+    modeHook = &hook;
+    stage.runner.effectNumber = 13;
+    stage.runner.run([] {});
+    EXPECT_FALSE(stretchModes.empty());
+    EXPECT_TRUE(
+        std::all_of(stretchModes.begin(), stretchModes.end(), [](int mode) { return mode == COLORONCOLOR; }));
 }
 
 TEST(TransitionRunner, StretchesOfALargeSurfaceEndWithTheNewPicture) {

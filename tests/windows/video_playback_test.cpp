@@ -73,6 +73,8 @@ TEST(CaptureLastFrameAndClose, FreezesTheFrameBehindACover) {
     EXPECT_EQ(stage.shown() & 0x00FFFFFFU, VideoStage::kFrame);
     EXPECT_TRUE(stage.Pic2.visible());
     EXPECT_FALSE(stage.Pic3.visible());
+    EXPECT_EQ(stage.Pic1.clientSize().cx, 32) << "the film's own size";
+    EXPECT_EQ(stage.Pic1.clientSize().cy, 24);
     const auto commands = stage.takeWithoutFades();
     ASSERT_EQ(commands.size(), 4U);
     EXPECT_EQ(commands[0], "where VIDEO source");
