@@ -11,15 +11,10 @@ namespace app {
 namespace {
 
 using support::AppStage;
+using support::windowOf;
 
 constexpr std::uint32_t kRed = 0xC02020;
 constexpr std::uint32_t kGreen = 0x20C020;
-
-RECT windowOf(HWND window) {
-    RECT place{};
-    GetWindowRect(window, &place);
-    return place;
-}
 
 class ScreensTest : public testing::Test {
   protected:
