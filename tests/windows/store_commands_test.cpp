@@ -5,6 +5,7 @@
 
 #include "support/app_stage.h"
 #include "support/edit_stage.h"
+#include "support/import_hook.h"
 
 namespace edit {
 namespace {
@@ -62,7 +63,30 @@ TEST(StoreCommands, StoringAgainOverwritesAll) {
     EXPECT_FALSE(stage.exists(L"Mini\\a.bmp~"));
 }
 
+/// Moves files as Windows does, which replaces none that is write-protected; Wine would.
+class StrictMoves {
+  public:
+    StrictMoves() : hook_("MoveFileExW", move) { one = this; }
+    ~StrictMoves() { one = nullptr; }
+    StrictMoves(const StrictMoves&) = delete;
+    StrictMoves& operator=(const StrictMoves&) = delete;
+
+  private:
+    static BOOL WINAPI move(LPCWSTR from, LPCWSTR to, DWORD flags) {
+        const DWORD attributes = GetFileAttributesW(to);
+        if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+            SetLastError(ERROR_ACCESS_DENIED);
+            return FALSE;
+        }
+        return one->hook_.original<decltype(move)>()(from, to, flags);
+    }
+
+    static inline StrictMoves* one = nullptr;
+    support::ImportHook hook_;
+};
+
 TEST(StoreCommands, AWriteProtectedThumbnailIsOverwrittenToo) {
+    const StrictMoves strict;
     EditStage stage;
     stage.picturesOf({kBlue});
     stage.keep(L"a.bmp", 0x111111);
