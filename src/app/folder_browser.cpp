@@ -1,7 +1,6 @@
 #include "app/folder_browser.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "app/file_count.h"
 #include "files/file_filter.h"
@@ -38,8 +37,8 @@ picture::Pixels cut(const picture::Pixels& surface, const picture::Placement& pa
 
 }  // namespace
 
-FolderBrowser::FolderBrowser(Parts parts)
-    : parts_(std::move(parts)), preview_(parts_.loop), previewPlace_(parts_.Pic2.place()) {
+FolderBrowser::FolderBrowser(const Parts& parts)
+    : parts_(parts), preview_(parts_.loop), previewPlace_(parts_.Pic2.place()) {
     preview_.onLoaded = [this](const std::optional<picture::DecodedPicture>& picture) { loaded(picture); };
 }
 

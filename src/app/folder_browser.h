@@ -27,7 +27,7 @@ class FolderBrowser {
         ui::Control& Start;
         ui::Control& Run;
     };
-    explicit FolderBrowser(Parts parts);
+    explicit FolderBrowser(const Parts& parts);
 
     void driveChanged();
     void folderClicked();

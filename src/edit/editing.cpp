@@ -135,15 +135,17 @@ bool Editing::keyWhileStoring(int key) {
 void Editing::storeThumbnails() {
     overview::Form2& form = overview_.form();
     endAsked_ = false;
+    StoreCommands::End kept;
     {
         const Block block(*this);
         const auto former = std::exchange(form.onKey, [this](int key, bool) { return keyWhileStoring(key); });
-        const bool all = store_.save();
+        kept = store_.save();
         form.onKey = former;
-        if (all) {
+        if (kept.all) {
             settings_.setShown(false);
         }
     }
+    refuse(kept.fault);
     if (endAsked_) {
         end();
     }

@@ -41,7 +41,7 @@ std::wstring PictureLock::unlock(int index) {
         return fault;
     }
     const auto thumbnail = parts_.grid.redraw(index);
-    if (thumbnail && parts_.store.folderThere() && parts_.store.create()) {
+    if (thumbnail && parts_.store.folderThere() && parts_.store.create() == 0) {
         parts_.store.save(record(index).fileName, *thumbnail);
     }
     setAttributes(index, FILE_ATTRIBUTE_NORMAL, false);

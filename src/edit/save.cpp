@@ -1,6 +1,7 @@
 #include "edit/save.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 #include "edit/file_deletion.h"
@@ -8,6 +9,7 @@
 #include "edit/save_pace.h"
 #include "files/file_filter.h"
 #include "files/obstacle_text.h"
+#include "files/recovery.h"
 #include "files/take_back.h"
 #include "overview/store_rule.h"
 #include "overview/thumb_folder.h"
@@ -29,13 +31,26 @@ constexpr const wchar_t* kNotInBin =
     L"Der Papierkorb nimmt nicht alle markierten Bilder auf. Die übrigen endgültig löschen ?";
 constexpr const wchar_t* kNothingSaved = L" Es wurde nichts gespeichert.";
 constexpr const wchar_t* kNothingRenamed = L" Es wurde nichts umbenannt.";
-constexpr const wchar_t* kLeft =
+constexpr const wchar_t* kNotWritable = L"In diesen Ordner kann nicht geschrieben werden.";
+constexpr const wchar_t* kSaveLeft =
+    L" Das Speichern ist halb fertig: Beim nächsten Speichern oder Öffnen des Ordners wird es "
+    L"abgeschlossen oder zurückgenommen.";
+constexpr const wchar_t* kTakingBackLeft =
     L" Beim nächsten Öffnen des Ordners wird die Änderung abgeschlossen oder zurückgenommen.";
+constexpr const wchar_t* kOpenAnew = L" Bitte die Übersicht neu öffnen.";
 
 /// Whether another prefix could help.
 bool isAboutNames(files::Obstacle obstacle) {
     return obstacle == files::Obstacle::Taken || obstacle == files::Obstacle::TwiceTheSame ||
            obstacle == files::Obstacle::IllegalName || obstacle == files::Obstacle::PathTooLong;
+}
+
+/// Whether a change may have left a journal that is in the way of the next one, as on a disk that fails.
+bool mayLeaveJournal(const files::Outcome& outcome) {
+    const bool others =
+        outcome.end == files::Outcome::End::Refused && (outcome.obstacle == files::Obstacle::OtherProgram ||
+                                                        outcome.obstacle == files::Obstacle::Unfinished);
+    return !outcome.kept && !others;
 }
 
 /// The plan's files that are not thumbnails; a change has them before those.
@@ -74,7 +89,7 @@ std::wstring Save::pathOf(const std::wstring& fileName) const {
 }
 
 bool Save::save() {
-    if (running_ || !mayBegin()) {
+    if (running_ || !settle() || !mayBegin()) {
         return false;
     }
     const Running running(*this);
@@ -86,11 +101,47 @@ bool Save::save() {
     return written;
 }
 
+// What was in the way of an earlier change may be gone by now.
+bool Save::settle() {
+    using End = files::Recovery::End;
+    if (!unsettled_) {
+        return true;
+    }
+    files::Recovery recovery;
+    {
+        const Running running(*this);
+        finishOthers();
+        files::Waiting time = waiting();
+        time.step = [this] { parts_.loop.doEvents(); };
+        recovery = files::recoverFolder(parts_.fileSystem, parts_.records.folder, time);
+        if (recovery.end == End::Finished && recovery.skipped.empty() && left_) {
+            take(*left_);
+        }
+    }
+    if (recovery.end == End::Waiting) {
+        const bool known = recovery.obstacle != files::Obstacle::None;
+        parts_.dialog.tell(known ? files::obstacleText(recovery.obstacle, recovery.name) + kNothingSaved
+                                 : kNotWritable);
+        return false;
+    }
+    if (recovery.end == End::Finished && !recovery.skipped.empty()) {
+        const files::Recovery::Skipped& first = recovery.skipped.front();
+        parts_.dialog.tell(files::obstacleText(first.why, first.name) + kNothingSaved + kOpenAnew);
+        return false;
+    }
+    // Where another program is at it what comes next refuses the save.
+    if (recovery.end != End::Running) {
+        unsettled_ = false;
+        left_.reset();
+    }
+    return true;
+}
+
 // Deletions cannot be undone, so whatever would refuse the save afterwards is asked for before them.
 bool Save::mayBegin() {
     const overview::ThumbRecords& records = parts_.records;
     if (!records.folderWritable || !overview::canWriteTo(records.folder)) {
-        parts_.dialog.tell(L"In diesen Ordner kann nicht geschrieben werden.");
+        parts_.dialog.tell(kNotWritable);
         return false;
     }
     const auto state = records.script.state;
@@ -225,14 +276,17 @@ bool Save::rename() {
             continue;
         }
         const files::Outcome outcome = carryOut(plan.change);
+        unsettled_ = mayLeaveJournal(outcome);
         if (outcome.end == files::Outcome::End::Done) {
-            take(std::move(plan));
+            take(plan);
+            left_.reset();
             return true;
         }
+        left_ = std::move(plan);
         reason = files::obstacleText(outcome.obstacle, outcome.name);
         if (outcome.end != files::Outcome::End::Refused || !isAboutNames(outcome.obstacle)) {
             const bool left = outcome.end == files::Outcome::End::Left;
-            parts_.dialog.tell(reason + (left ? kLeft : kNothingRenamed));
+            parts_.dialog.tell(reason + (left ? kSaveLeft : kNothingRenamed));
             return false;
         }
     }
@@ -256,18 +310,25 @@ files::Outcome Save::carryOut(const files::ChangePlan& plan) {
     });
 }
 
-// All of it is known, so that nothing that fails now leaves the records with what was before.
-void Save::take(SavePlan plan) {
+// All of it is known, so that nothing that fails now leaves the records with what was before. The order may
+// be another one since it was planned.
+void Save::take(const SavePlan& plan) {
     overview::ThumbRecords& records = parts_.records;
-    for (std::size_t i = 0; i < plan.newNames.size(); ++i) {
-        records.thumbRecords[i].fileName = plan.newNames[i];
+    std::unordered_map<std::wstring, std::wstring> newNames;
+    for (const files::PlannedMove& move : plan.change.moves) {
+        newNames[move.from] = move.to;
     }
-    records.folderNames = std::move(plan.names);
+    for (overview::ThumbRecord& record : records.thumbRecords) {
+        if (const auto found = newNames.find(record.fileName); found != newNames.end()) {
+            record.fileName = found->second;
+        }
+    }
+    records.folderNames = plan.names;
     records.script = {};
     if (plan.change.script->after) {
         records.script.state = script::ScriptReading::State::Whole;
-        records.script.bytes = *std::move(plan.change.script->after);
-        records.script.text = std::move(plan.scriptText);
+        records.script.bytes = *plan.change.script->after;
+        records.script.text = plan.scriptText;
     }
     deleted_.clear();
     parts_.grid.renamed();
@@ -291,11 +352,13 @@ void Save::takeBack() {
         const Running running(*this);
         finishOthers();
         outcome = carryOut(*plan);
+        unsettled_ = mayLeaveJournal(outcome);
+        left_.reset();
     }
     const bool left = outcome.end == files::Outcome::End::Left;
     if (outcome.end != files::Outcome::End::Done) {
         parts_.dialog.tell(files::obstacleText(outcome.obstacle, outcome.name) +
-                           (left ? kLeft : L" Das letzte Speichern wurde nicht zurückgenommen."));
+                           (left ? kTakingBackLeft : L" Das letzte Speichern wurde nicht zurückgenommen."));
         if (left) {
             // Some files have other names than the records say.
             parts_.grid.reload();

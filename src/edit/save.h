@@ -56,8 +56,8 @@ class Save {
     explicit Save(Parts parts);
 
     /// Asks for the prefix and saves; whether names and script were written. What is refused or fails is told
-    /// in one sentence and leaves everything as it was, but for files that were deleted already. Throws
-    /// Leaving.
+    /// in one sentence and leaves everything as it was, but for files that were deleted already. One that
+    /// could not even be undone is brought to an end by the next call, before anything else. Throws Leaving.
     bool save();
     /// Whether the last save of the folder can be taken back.
     bool canTakeBack() const;
@@ -68,6 +68,7 @@ class Save {
   private:
     class Running;
 
+    bool settle();
     bool mayBegin();
     void finishOthers();
     bool deleteMarked();
@@ -78,13 +79,17 @@ class Save {
     files::Answer<SaveFolder> readFolder() const;
     files::Outcome carryOut(const files::ChangePlan& plan);
     files::Waiting waiting();
-    void take(SavePlan plan);
+    void take(const SavePlan& plan);
     void pause(int ms);
     std::wstring pathOf(const std::wstring& fileName) const;
 
     Parts parts_;
     /// What lies in the recycle bin and belongs to the next save that is made.
     std::vector<std::wstring> deleted_;
+    /// A journal of a change that has ended may still lie in the folder.
+    bool unsettled_ = false;
+    /// The save that it is of, where the records do not tell of that yet.
+    std::optional<SavePlan> left_;
     bool running_ = false;
 };
 

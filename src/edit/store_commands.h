@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "overview/thumb_record.h"
 #include "overview/thumbnail_grid.h"
@@ -20,10 +21,15 @@ class StoreCommands {
     };
     explicit StoreCommands(const Parts& parts) : parts_(parts) {}
 
+    /// How the keeping of the thumbnails ended.
+    struct End {
+        bool all = false;    ///< every thumbnail was made anew
+        std::wstring fault;  ///< why one, or none at all, can be kept: a sentence for the user; else empty
+    };
     /// Makes every thumbnail anew from its file and keeps it, in the order of the items; events run before
-    /// each of them. True when all were made; false when it was stopped, which leaves those kept so far, or
-    /// where the folder cannot be written. Throws Leaving.
-    bool save();
+    /// each of them. One that cannot be kept ends it, as stop() does, and leaves those kept so far. Throws
+    /// Leaving.
+    End save();
     /// Ends save() before its next thumbnail.
     void stop() { stopped_ = true; }
     bool saving() const { return saving_; }
@@ -35,6 +41,7 @@ class StoreCommands {
 
   private:
     void progress(int done) const;
+    std::wstring keep(int index);
 
     Parts parts_;
     bool saving_ = false;

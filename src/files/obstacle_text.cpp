@@ -32,7 +32,8 @@ std::wstring obstacleText(Obstacle obstacle, const std::wstring& name) {
         case Obstacle::OtherProgram:
             return L"Ein anderes Programm ändert gerade die Dateien des Ordners.";
         case Obstacle::Unfinished:
-            return L"Eine frühere Änderung des Ordners ist noch nicht abgeschlossen.";
+            return L"Eine frühere Änderung des Ordners ist noch nicht abgeschlossen; bitte die Übersicht neu "
+                   L"öffnen.";
         case Obstacle::Denied:
             return subject(name) + L" darf nicht geändert werden.";
         case Obstacle::InUse:

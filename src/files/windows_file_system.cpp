@@ -112,8 +112,13 @@ class HeldWindowsFile : public HeldFile {
     platform::File file_;
 };
 
+struct NewFile {
+    Failure failure = Failure::None;
+    platform::File file;
+};
+
 // Unshared: nobody else opens it before it is complete.
-std::pair<Failure, platform::File> createWith(const std::wstring& path, std::string_view bytes) {
+NewFile createWith(const std::wstring& path, std::string_view bytes) {
     platform::File file(CreateFileW(unlimitedPath(path).c_str(), kHeldAccess, 0, nullptr, CREATE_NEW,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) {
@@ -171,7 +176,7 @@ Failure WindowsFileSystem::remove(const std::wstring& path) {
 }
 
 Failure WindowsFileSystem::writeNew(const std::wstring& path, std::string_view bytes) {
-    return createWith(path, bytes).first;
+    return createWith(path, bytes).failure;
 }
 
 Answer<std::string> WindowsFileSystem::read(const std::wstring& path) const {
@@ -208,11 +213,11 @@ Failure WindowsFileSystem::flushFolder(const std::wstring& folder) {
 }
 
 FileSystem::Held WindowsFileSystem::createHeld(const std::wstring& path, std::string_view bytes) {
-    auto [failure, file] = createWith(path, bytes);
-    if (failure != Failure::None) {
-        return {failure, nullptr};
+    NewFile created = createWith(path, bytes);
+    if (created.failure != Failure::None) {
+        return {created.failure, nullptr};
     }
-    return {failure, std::make_unique<HeldWindowsFile>(std::move(file))};
+    return {Failure::None, std::make_unique<HeldWindowsFile>(std::move(created.file))};
 }
 
 FileSystem::Held WindowsFileSystem::openHeld(const std::wstring& path) {

@@ -38,14 +38,23 @@ std::vector<std::wstring> filesIn(const std::wstring& folder, std::wstring_view 
     return names;
 }
 
-bool writeFile(const std::wstring& path, const std::vector<std::uint8_t>& bytes) {
-    const platform::File file(CreateFileW(platform::unlimitedPath(path).c_str(), GENERIC_WRITE, 0, nullptr,
-                                          CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+/// 0, or the system's error code.
+DWORD writeFile(const std::wstring& path, const std::vector<std::uint8_t>& bytes) {
+    const platform::File file(
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     DWORD written = 0;
-    return file &&
-           WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) !=
-               FALSE &&
-           written == bytes.size();
+    if (!file ||
+        WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) == FALSE) {
+        return GetLastError();
+    }
+    return written == bytes.size() ? 0 : ERROR_DISK_FULL;
+}
+
+/// Gives a complete file the name of the former one. 0, or the system's error code.
+DWORD takePlace(const std::wstring& half, const std::wstring& path) {
+    // A folder copied from a CD holds files that are write-protected.
+    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+    return MoveFileExW(half.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING) != FALSE ? 0 : GetLastError();
 }
 
 }  // namespace
@@ -68,21 +77,24 @@ std::wstring ThumbnailStore::pathOf(std::wstring_view fileName) const {
                                                                 : std::wstring();
 }
 
-bool ThumbnailStore::save(std::wstring_view fileName, const picture::Pixels& pixels) {
+unsigned long ThumbnailStore::save(std::wstring_view fileName, const picture::Pixels& pixels) {
     const std::wstring name = thumbnailName(fileName);
     const std::wstring folded = foldedName(name);
     if (!keeps_ || !writable_ || pixels.empty() || shared_.contains(folded)) {
-        return false;
+        return 0;
     }
     const std::wstring path = platform::unlimitedPath(platform::joinPath(folder_, name));
     const std::wstring half = path + kHalfWritten;
-    if (!writeFile(half, encodeBitmap(pixels)) ||
-        MoveFileExW(half.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING) == FALSE) {
+    DWORD code = writeFile(half, encodeBitmap(pixels));
+    if (code == 0) {
+        code = takePlace(half, path);
+    }
+    if (code != 0) {
         DeleteFileW(half.c_str());
-        return false;
+        return code;
     }
     names_.insert(folded);
-    return true;
+    return 0;
 }
 
 void ThumbnailStore::remove(std::wstring_view fileName) {
@@ -96,10 +108,14 @@ bool ThumbnailStore::folderThere() const {
     return platform::folderExists(folder_);
 }
 
-bool ThumbnailStore::create() {
-    keeps_ = writable_ &&
-             (folderThere() || CreateDirectoryW(platform::unlimitedPath(folder_).c_str(), nullptr) != FALSE);
-    return keeps_;
+unsigned long ThumbnailStore::create() {
+    DWORD code = writable_ ? 0 : ERROR_ACCESS_DENIED;
+    if (code == 0 && !folderThere() &&
+        CreateDirectoryW(platform::unlimitedPath(folder_).c_str(), nullptr) == FALSE) {
+        code = GetLastError();
+    }
+    keeps_ = code == 0;
+    return code;
 }
 
 void ThumbnailStore::removeAll() {

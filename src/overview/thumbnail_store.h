@@ -25,16 +25,16 @@ class ThumbnailStore {
     /// Where an item's thumbnail lies; empty where there is none, or one that belongs to several items.
     std::wstring pathOf(std::wstring_view fileName) const;
     /// Keeps an item's thumbnail where there is a store that can be written, by a new file that takes the
-    /// former one's place; false where that is not so or failed. Thumbnails that several items would share
-    /// are not kept.
-    bool save(std::wstring_view fileName, const picture::Pixels& pixels);
+    /// former one's place, be that write-protected. Thumbnails that several items would share are not kept.
+    /// Returns 0, or the system's error code where writing failed.
+    unsigned long save(std::wstring_view fileName, const picture::Pixels& pixels);
     /// Removes an item's thumbnail from the store; one that several items share stays, since nobody shows it.
     void remove(std::wstring_view fileName);
     /// Whether the store's folder is there, be it empty.
     bool folderThere() const;
-    /// Makes the store's folder where there is none; thumbnails are kept from now on. False where the folder
-    /// cannot be written.
-    bool create();
+    /// Makes the store's folder where there is none; thumbnails are kept from now on. Returns 0, or the
+    /// system's error code where that failed.
+    unsigned long create();
     /// Removes the thumbnails and then the folder; one that holds anything else stays.
     void removeAll();
 

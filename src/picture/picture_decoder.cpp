@@ -137,8 +137,12 @@ DecodedPicture decodeWithWindows(std::vector<std::uint8_t>& bytes, const Head& h
 /// Decodes a file's bytes, which are then of no more use.
 DecodedPicture decodeWhole(std::vector<std::uint8_t>& bytes, const Head& head, const LayoutRule& rule) {
     check(head);
-    const std::unique_ptr<JpegPicture> jpeg = head.isJpeg ? openJpeg(bytes) : nullptr;
-    return jpeg ? decodeJpeg(*jpeg, head.exif.orientation, rule) : decodeWithWindows(bytes, head, rule);
+    if (head.isJpeg) {
+        if (const std::unique_ptr<JpegPicture> jpeg = openJpeg(bytes)) {
+            return decodeJpeg(*jpeg, head.exif.orientation, rule);
+        }
+    }
+    return decodeWithWindows(bytes, head, rule);
 }
 
 /// The profile that a file's colours are meant in; empty where it has none.

@@ -12,9 +12,8 @@ namespace {
 using files::Failure;
 using files::Obstacle;
 
-const std::wstring kFolder = L"C:\\Bilder";
-const std::wstring kPath = kFolder + L"\\a.jpg";
-const std::wstring kThumbnail = kFolder + L"\\Mini\\a.bmp";
+const std::wstring kPath = files::at(L"a.jpg");
+const std::wstring kThumbnail = files::at(files::thumbnailOf(L"a.jpg"));
 constexpr std::uint32_t kAll = files::kReadOnly | files::kHidden | files::kSystem;
 
 /// Takes files off a modelled disk, and tells what attributes they came with.
@@ -46,7 +45,7 @@ class FileDeletionTest : public testing::Test {
         record.stamp = fileSystem.stat(kPath).value.stamp;
     }
     FileDeletion::Result remove(bool forever = false) {
-        return FileDeletion(fileSystem, bin, time.waiting).remove(kFolder, record, forever);
+        return FileDeletion(fileSystem, bin, time.waiting).remove(files::kSceneFolder, record, forever);
     }
     std::uint32_t attributes() const { return fileSystem.stat(kPath).value.attributes; }
     bool there(const std::wstring& path) const { return fileSystem.stat(path).failure == Failure::None; }

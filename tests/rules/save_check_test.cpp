@@ -5,8 +5,8 @@
 #include <functional>
 
 #include "files/journal.h"
-#include "support/modelled_disk.h"
-#include "support/modelled_file_system.h"
+#include "rules/journal_scene.h"
+#include "script/show_script.h"
 
 namespace edit {
 namespace {
@@ -14,9 +14,8 @@ namespace {
 using files::Failure;
 using files::Obstacle;
 
-const std::wstring kFolder = L"C:\\Bilder";
-const std::wstring kJournal = kFolder + L"\\Panorell.journal";
-const std::wstring kScript = kFolder + L"\\Panorell.txt";
+const std::wstring kJournal = files::at(files::kJournalFile);
+const std::wstring kScript = files::at(script::kScriptFile);
 
 class SaveCheckTest : public testing::Test {
   protected:
@@ -24,18 +23,16 @@ class SaveCheckTest : public testing::Test {
         put(L"a.jpg", "A");
         put(L"b.jpg", "BB");
         disk.put(kScript, "a Eins\r\n");
-        records.folder = kFolder;
+        records.folder = files::kSceneFolder;
         records.script = {script::ScriptReading::State::Whole, "a Eins\r\n", L"a Eins\r\n"};
         for (const wchar_t* name : {L"a.jpg", L"b.jpg"}) {
             overview::ThumbRecord record;
             record.fileName = name;
-            record.stamp = fileSystem.stat(kFolder + L"\\" + name).value.stamp;
+            record.stamp = fileSystem.stat(files::at(name)).value.stamp;
             records.thumbRecords.push_back(record);
         }
     }
-    void put(const std::wstring& name, const std::string& content) {
-        disk.put(kFolder + L"\\" + name, content);
-    }
+    void put(const std::wstring& name, const std::string& content) { disk.put(files::at(name), content); }
     std::pair<Obstacle, std::wstring> check() {
         const auto refusal = checkBeforeSave(fileSystem, records);
         return refusal ? std::pair(refusal->obstacle, refusal->name) : std::pair(Obstacle::None, L"");
@@ -70,7 +67,7 @@ TEST_F(SaveCheckTest, WhatWouldRefuseLaterRefusesAtOnce) {
     } cases[] = {
         {"another picture", [&] { put(L"b.jpg", "another one"); }, Obstacle::Changed, L"b.jpg"},
         {"another number", [&] { records.thumbRecords[0].stamp.number = 77; }, Obstacle::Changed, L"a.jpg"},
-        {"gone", [&] { fileSystem.remove(kFolder + L"\\b.jpg"); }, Obstacle::Missing, L"b.jpg"},
+        {"gone", [&] { fileSystem.remove(files::at(L"b.jpg")); }, Obstacle::Missing, L"b.jpg"},
         {"the same twice", [&] { records.thumbRecords[1] = records.thumbRecords[0]; }, Obstacle::TwiceTheSame,
          L"a.jpg"},
         {"script changed", [&] { disk.put(kScript, "a Zwei\r\n"); }, Obstacle::ScriptChanged,
@@ -113,7 +110,7 @@ TEST_F(SaveCheckTest, AFileToBeDeletedMayBeGoneButNotAnotherOne) {
     records.thumbRecords[1].deleted = true;
     put(L"b.jpg", "another one");
     EXPECT_EQ(check().first, Obstacle::Changed);
-    fileSystem.remove(kFolder + L"\\b.jpg");
+    fileSystem.remove(files::at(L"b.jpg"));
     EXPECT_EQ(check().first, Obstacle::None);
 }
 

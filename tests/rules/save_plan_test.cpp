@@ -110,18 +110,27 @@ TEST_F(SavePlanTest, LinesOfFilesOutsideTheOverviewStayBehindTheOthers) {
     EXPECT_EQ(plan(L"P").change.script->after, "Urlaub - Kopie Meer *P=2\r\n");
 }
 
-TEST_F(SavePlanTest, LinesOfDeletedFilesAndOfNoFileGo) {
+TEST_F(SavePlanTest, OtherLinesStayWhoseFilesAreThere) {
     record(L"a.jpg", L"A");
-    folder.formerNames.push_back(L"weg.jpg");
-    script("weg Titel\r\na A\r\nniemand x\r\n");
-    EXPECT_EQ(plan(L"P").change.script->after, "P001 A\r\n");
-}
-
-TEST_F(SavePlanTest, ALineOfAFilteredFileOfTheSameKeyStays) {
-    record(L"a.jpg", L"A");
-    outsider(L"a.mpg");
-    script("a A\r\n");
-    EXPECT_EQ(plan(L"P").change.script->after, "P001 A\r\na A\r\n");
+    const struct {
+        const char* what;
+        std::function<void()> others;
+        const char* before;
+        const char* after;
+    } cases[] = {
+        {"deleted files and none", [&] { folder.formerNames.push_back(L"weg.jpg"); },
+         "weg Titel\r\na A\r\nniemand x\r\n", "P001 A\r\n"},
+        {"a filtered file of the same key", [&] { outsider(L"a.mpg"); }, "a A\r\n", "P001 A\r\na A\r\n"},
+        {"a file that came meanwhile", [&] { folder.names.push_back(L"kam.jpg"); }, "kam Titel\r\na A\r\n",
+         "P001 A\r\nkam Titel\r\n"},
+    };
+    const SaveFolder before = folder;
+    for (const auto& c : cases) {
+        folder = before;
+        c.others();
+        script(c.before);
+        EXPECT_EQ(plan(L"P").change.script->after, c.after) << c.what;
+    }
 }
 
 TEST_F(SavePlanTest, ThumbnailsGoWithTheirFiles) {
@@ -167,13 +176,6 @@ TEST_F(SavePlanTest, AThumbnailLosesItsWriteProtection) {
     ASSERT_EQ(made.change.moves.size(), 2U);
     EXPECT_EQ(made.change.moves[0].attributes, std::nullopt) << "a picture keeps its lock";
     EXPECT_EQ(made.change.moves[1].attributes, 0U);
-}
-
-TEST_F(SavePlanTest, ALineOfAFileThatCameMeanwhileStays) {
-    record(L"a.jpg", L"A");
-    folder.names.push_back(L"kam.jpg");
-    script("kam Titel\r\na A\r\n");
-    EXPECT_EQ(plan(L"P").change.script->after, "P001 A\r\nkam Titel\r\n");
 }
 
 TEST_F(SavePlanTest, TellsWhatIsThereAfterwards) {

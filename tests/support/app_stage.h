@@ -9,6 +9,7 @@
 
 #include "app/application.h"
 #include "platform/monitors.h"
+#include "support/advance_until.h"
 #include "support/picture_writer.h"
 #include "support/recording_media_control.h"
 #include "support/scratch_folder.h"
@@ -17,12 +18,18 @@
 
 namespace support {
 
+/// Where a window lies on the screen, in pixels.
+inline RECT windowOf(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return place;
+}
+
 /// A small monitor, so that a show on it is quick, with one more to its right if a test wants it.
 class FakeMonitors : public platform::Monitors {
   public:
     RECT areaOf(HWND window) const override {
-        RECT place{};
-        GetWindowRect(window, &place);
+        const RECT place = windowOf(window);
         return areaAt({place.left, place.top});
     }
     RECT areaAt(POINT place) const override { return second && place.x >= first.right ? *second : first; }
@@ -83,18 +90,8 @@ class AppStage {
         writePicture(pictures / name, PictureKind::Jpeg, width, height, [=](int, int) { return colour; });
     }
 
-    /// Lets events, timers and worker threads run until something is reached; false after 20 seconds.
-    bool until(const std::function<bool()>& reached) {
-        const ULONGLONG end = GetTickCount64() + 20'000;
-        while (!reached()) {
-            if (GetTickCount64() > end) {
-                return false;
-            }
-            loop.advance(10);
-            Sleep(1);
-        }
-        return true;
-    }
+    /// As advanceUntil().
+    bool until(const std::function<bool()>& reached) { return advanceUntil(loop, reached); }
     /// Waits for the preview; false when none ends.
     bool previewed() {
         return until([this] { return !application->previewLoading(); });

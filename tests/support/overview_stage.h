@@ -13,6 +13,7 @@
 #include "media/music_state.h"
 #include "overview/bitmap_file.h"
 #include "overview/overview.h"
+#include "support/advance_until.h"
 #include "support/picture_writer.h"
 #include "support/recording_media_control.h"
 #include "support/scratch_folder.h"
@@ -75,17 +76,8 @@ class OverviewStage {
     bool loaded() {
         return until([this] { return !overview->grid().loading(); });
     }
-    bool until(const std::function<bool()>& reached) {
-        const ULONGLONG end = GetTickCount64() + 20'000;
-        while (!reached()) {
-            if (GetTickCount64() > end) {
-                return false;
-            }
-            loop.advance(10);
-            Sleep(1);
-        }
-        return true;
-    }
+    /// As advanceUntil().
+    bool until(const std::function<bool()>& reached) { return advanceUntil(loop, reached); }
 
     overview::ThumbRecord& record(int index) {
         return overview->records().thumbRecords[static_cast<std::size_t>(index)];

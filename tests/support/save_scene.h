@@ -70,6 +70,17 @@ class SaveScene : public testing::Test {
         records = std::move(read.records);
         records.changed = true;
     }
+    /// Loads a folder of "a.jpg" and "b.jpg", which hold "A" and "B".
+    void loadTwo() {
+        folder.file(L"a.jpg", "A");
+        folder.file(L"b.jpg", "B");
+        load();
+    }
+    /// Saves and answers the question for the prefix.
+    bool saveAs(const std::wstring& prefix) {
+        answers = {prefix};
+        return saving.save();
+    }
     void mark(int index) {
         records.thumbRecords[static_cast<std::size_t>(index)].deleted = true;
         records.thumbRecords[static_cast<std::size_t>(index)].entry.clear();

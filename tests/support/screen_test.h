@@ -16,12 +16,6 @@ class ScreenTest : public testing::Test {
     static constexpr std::uint32_t kRed = 0xC02020;
     static constexpr std::uint32_t kGreen = 0x20C020;
 
-    static RECT windowOf(HWND window) {
-        RECT place{};
-        GetWindowRect(window, &place);
-        return place;
-    }
-
     ScreenTest() {
         stage.picture(L"a.jpg", kRed, 400, 300);
         stage.picture(L"b.jpg", kGreen, 400, 300);

@@ -33,6 +33,16 @@ struct MusicStage : ShowStage {
         Timer5.setEnabled(true);
         loop.advance(2);
     }
+    /// The first title gives way to a requested one, and a film with sound begins while it fades.
+    void filmBeginsDuringTheFade() {
+        MUTE.setValue(1);
+        tick();
+        control.clear();
+        music.musicRequest = L"Drei";
+        player.request();
+        loop.at(1000, [this] { video.videoShowing = 1; });
+        loop.advance(20'000);
+    }
     /// The file name that the last "open" named, by its long name.
     std::wstring opened() {
         for (const std::string& command : control.commands()) {
@@ -142,13 +152,7 @@ TEST(MusicRequest, StopFadesAndGreysTheBox) {
 
 TEST(MusicRequest, ATitleWaitsForAVideoThatBeganDuringTheFade) {
     MusicStage stage;
-    stage.MUTE.setValue(1);
-    stage.tick();
-    stage.control.clear();
-    stage.music.musicRequest = L"Drei";
-    stage.player.request();
-    stage.loop.at(1000, [&] { stage.video.videoShowing = 1; });
-    stage.loop.advance(20'000);
+    stage.filmBeginsDuringTheFade();
     EXPECT_THAT(stage.control.commands(), Not(Contains("play AUDIO")));
     EXPECT_TRUE(stage.music.musicRequest.empty());
     stage.video.videoShowing = 0;
@@ -271,13 +275,7 @@ TEST(MusicRequest, ALockedTitleThatHadToWaitIsPlayedAllTheSame) {
 
 TEST(MusicRequest, ItsFadeLeavesTheVolumeToAFilmThatBegins) {
     MusicStage stage;
-    stage.MUTE.setValue(1);
-    stage.tick();
-    stage.control.clear();
-    stage.music.musicRequest = L"Drei";
-    stage.player.request();
-    stage.loop.at(1000, [&] { stage.video.videoShowing = 1; });
-    stage.loop.advance(20'000);
+    stage.filmBeginsDuringTheFade();
     const auto commands = stage.control.commands();
     ASSERT_FALSE(commands.empty());
     EXPECT_LT(commands.size(), 110U) << "a hundred steps in a second, and none since";

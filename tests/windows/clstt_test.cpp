@@ -100,6 +100,19 @@ class ClsttTest : public testing::Test {
         log.sent.clear();
     }
     const Sent& last() const { return log.sent.back(); }
+    /// Rests the pointer on the button until its tip is seen.
+    bool tipComes() {
+        int looks = 0;
+        return test.waitFor([&] {
+            // A pixel on now and then, as a hand does: a window manager may still move the form.
+            if (looks++ % 100 == 0) {
+                POINT place{20 + looks / 100 % 2, 20};
+                ClientToScreen(button.hwnd(), &place);
+                SetCursorPos(place.x, place.y);
+            }
+            return IsWindowVisible(tips.hWnd()) != FALSE;
+        });
+    }
 
     support::TestForm test;
     PushButton button{test.args(1)};
@@ -144,15 +157,7 @@ TEST_F(ClsttTest, ATipNeverTakesTheKeyboard) {
     ASSERT_TRUE(test.waitFor([&] { return GetForegroundWindow() == test.form.hwnd(); }));
     tips.setDelayTime(TTDT_INITIAL, 1);
     tips.AddTool(button.hwnd(), L"Text");
-    int looks = 0;
-    EXPECT_TRUE(test.waitFor([&] {
-        if (looks++ % 100 == 0) {
-            POINT place{20 + looks / 100 % 2, 20};
-            ClientToScreen(button.hwnd(), &place);
-            SetCursorPos(place.x, place.y);
-        }
-        return IsWindowVisible(tips.hWnd()) != FALSE;
-    }));
+    EXPECT_TRUE(tipComes());
     // A window manager takes its time.
     for (int i = 0; i < 50; ++i) {
         test.loop.doEvents();
@@ -367,16 +372,7 @@ TEST_F(ClsttTest, ShowsLinesThatBreakAtCrOnly) {
     const auto shownSize = [&](const std::wstring& text) {
         tips.RemoveTool(button.hwnd());
         tips.AddTool(button.hwnd(), text);
-        int looks = 0;
-        EXPECT_TRUE(test.waitFor([&] {
-            // A pixel on now and then, as a hand does: a window manager may still move the form.
-            if (looks++ % 100 == 0) {
-                POINT place{20 + looks / 100 % 2, 20};
-                ClientToScreen(button.hwnd(), &place);
-                SetCursorPos(place.x, place.y);
-            }
-            return IsWindowVisible(tips.hWnd()) != FALSE;
-        }));
+        EXPECT_TRUE(tipComes());
         RECT tip{};
         GetWindowRect(tips.hWnd(), &tip);
         return SIZE{tip.right - tip.left, tip.bottom - tip.top};

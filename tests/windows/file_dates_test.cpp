@@ -238,26 +238,27 @@ TEST_F(FileDatesTest, AnHourThatTheClocksLeftOutIsAskedAgain) {
     EXPECT_EQ(universal.wMinute, 30);
 }
 
+/// Half an hour past an hour of 2026.
+SYSTEMTIME halfPast(int month, int day, int hour) {
+    SYSTEMTIME time{};
+    time.wYear = 2026;
+    time.wMonth = static_cast<WORD>(month);
+    time.wDay = static_cast<WORD>(day);
+    time.wHour = static_cast<WORD>(hour);
+    time.wMinute = 30;
+    return time;
+}
+
 // Each date by the time that counted on that day, whatever day it is today.
 TEST(FileTimeOf, DaylightSavingIsThatOfTheDate) {
     const auto utc = [](int month, int day, int hour) {
-        SYSTEMTIME time{};
-        time.wYear = 2026;
-        time.wMonth = static_cast<WORD>(month);
-        time.wDay = static_cast<WORD>(day);
-        time.wHour = static_cast<WORD>(hour);
-        time.wMinute = 30;
+        const SYSTEMTIME time = halfPast(month, day, hour);
         FILETIME result{};
         SystemTimeToFileTime(&time, &result);
         return platform::fileTimeNumber(result);
     };
     const auto local = [](int month, int day, int hour) {
-        SYSTEMTIME time{};
-        time.wYear = 2026;
-        time.wMonth = static_cast<WORD>(month);
-        time.wDay = static_cast<WORD>(day);
-        time.wHour = static_cast<WORD>(hour);
-        time.wMinute = 30;
+        const SYSTEMTIME time = halfPast(month, day, hour);
         return platform::fileTimeOf(time, &germanZone());
     };
     EXPECT_EQ(local(1, 15, 12), utc(1, 15, 11));

@@ -134,9 +134,9 @@ TEST_F(LongPath, AFolderIsWorkedIn) {
         EXPECT_TRUE(overview::canWriteTo(folder));
         EXPECT_EQ(script::readScript(folder).state, script::ScriptReading::State::Missing);
         overview::ThumbnailStore store(folder, {L"a.jpg", L"b.jpg"}, true);
-        EXPECT_TRUE(store.create());
+        EXPECT_EQ(store.create(), 0U);
         for (const wchar_t* name : {L"a.jpg", L"b.jpg"}) {
-            EXPECT_TRUE(store.save(name, picture::Pixels(4, 3)));
+            EXPECT_EQ(store.save(name, picture::Pixels(4, 3)), 0U);
         }
         EXPECT_FALSE(store.pathOf(L"a.jpg").empty());
         EXPECT_TRUE(overview::readThumbnail(store.pathOf(L"a.jpg")));

@@ -28,8 +28,7 @@ TEST_F(SaveDeletionTest, MarkedPicturesGoToTheBinBeforeTheQuestion) {
                            {L"a.jpg", "A"}, {L"c.jpg", "C"}, {L"Panorell.txt", "a A\r\nb B\r\nc C\r\n"}}));
     EXPECT_THAT(filesOf(folder / L"Mini"), IsEmpty());
     EXPECT_TRUE(records.changed) << "there is still something to save";
-    answers = {L"P"};
-    EXPECT_TRUE(saving.save());
+    EXPECT_TRUE(saveAs(L"P"));
     EXPECT_EQ(scriptText(), "P001 A\r\nP002 C\r\n");
     EXPECT_THAT(agreed, IsEmpty());
 }
@@ -38,8 +37,7 @@ TEST_F(SaveDeletionTest, ATypedMarkIsATitleAndDeletesNothing) {
     folder.file(L"a.jpg", "A");
     folder.file(L"Panorell.txt", "a XXXXXX\r\n");
     load();
-    answers = {L"P"};
-    EXPECT_TRUE(saving.save());
+    EXPECT_TRUE(saveAs(L"P"));
     EXPECT_EQ(scriptText(), "P001 XXXXXX\r\n");
     EXPECT_THAT(bin.paths, IsEmpty());
 }
@@ -64,17 +62,14 @@ TEST_F(SaveDeletionTest, ADeletionThatFailsKeepsTheFileItsLockAndItsMark) {
 }
 
 TEST_F(SaveDeletionTest, WithoutABinTheUserIsAsked) {
-    folder.file(L"a.jpg", "A");
-    folder.file(L"b.jpg", "B");
-    load();
+    loadTwo();
     mark(0);
     bin.there = false;
     EXPECT_FALSE(saving.save());
     EXPECT_EQ(agreed.size(), 1U);
     EXPECT_EQ(files().size(), 2U);
     agrees = true;
-    answers = {L"P"};
-    EXPECT_TRUE(saving.save());
+    EXPECT_TRUE(saveAs(L"P"));
     EXPECT_EQ(files(), (std::map<std::wstring, std::string>{{L"P001.jpg", "B"}}));
 }
 
@@ -91,8 +86,7 @@ TEST_F(SaveDeletionTest, NothingIsDestroyedThatTheBinDoesNotTakeWithoutAYes) {
     EXPECT_EQ(files().size(), 4U) << "nothing before the answer";
     EXPECT_THAT(questions, IsEmpty());
     agrees = true;
-    answers = {L"P"};
-    EXPECT_TRUE(saving.save());
+    EXPECT_TRUE(saveAs(L"P"));
     EXPECT_EQ(agreed.size(), 2U);
     EXPECT_THAT(bin.paths, ElementsAre(folder / L"a.jpg"));
     EXPECT_EQ(files().size(), 2U);
@@ -128,8 +122,7 @@ TEST_F(SaveDeletionTest, OneThatVanishedMeanwhileCountsAsDeleted) {
     load();
     mark(0);
     folder.remove(L"a.jpg");
-    answers = {L"P"};
-    EXPECT_TRUE(saving.save());
+    EXPECT_TRUE(saveAs(L"P"));
     EXPECT_THAT(bin.paths, IsEmpty());
     EXPECT_THAT(removed, ElementsAre(0));
     EXPECT_THAT(filesOf(folder / L"Mini"), IsEmpty());
@@ -147,8 +140,7 @@ TEST_F(SaveDeletionTest, TheSaveEndsAtTheFirstThatStays) {
     bin.onPut = [this](const std::wstring& path) {
         return path.ends_with(L"b.jpg") ? files::Failure::InUse : files::Failure::None;
     };
-    answers = {L"P"};
-    EXPECT_FALSE(saving.save());
+    EXPECT_FALSE(saveAs(L"P"));
     EXPECT_THAT(bin.paths, ElementsAre(folder / L"a.jpg"));
     EXPECT_THAT(removed, ElementsAre(0)) << "what is gone leaves the grid";
     EXPECT_TRUE(records.thumbRecords[0].deleted) << "b.jpg keeps its mark";

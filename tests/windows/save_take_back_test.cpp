@@ -20,8 +20,7 @@ TEST_F(SaveTakeBackTest, TheLastSaveCanBeTakenBack) {
     EXPECT_FALSE(saving.canTakeBack());
     mark(2);
     std::swap(records.thumbRecords[0], records.thumbRecords[1]);
-    answers = {L"P"};
-    ASSERT_TRUE(saving.save());
+    ASSERT_TRUE(saveAs(L"P"));
     ASSERT_TRUE(saving.canTakeBack());
     saving.takeBack();
     EXPECT_EQ(files(), (std::map<std::wstring, std::string>{
@@ -34,11 +33,8 @@ TEST_F(SaveTakeBackTest, TheLastSaveCanBeTakenBack) {
 }
 
 TEST_F(SaveTakeBackTest, AfterAnyChangeInTheFolderNothingIsTakenBack) {
-    folder.file(L"a.jpg", "A");
-    folder.file(L"b.jpg", "B");
-    load();
-    answers = {L"P"};
-    ASSERT_TRUE(saving.save());
+    loadTwo();
+    ASSERT_TRUE(saveAs(L"P"));
     folder.file(L"P001.jpg", "another one");
     EXPECT_FALSE(saving.canTakeBack());
     saving.takeBack();
@@ -49,8 +45,7 @@ TEST_F(SaveTakeBackTest, AfterAnyChangeInTheFolderNothingIsTakenBack) {
 TEST_F(SaveTakeBackTest, NothingOfTheFolderIsPlayedMeanwhile) {
     folder.file(L"a.jpg", "A");
     load();
-    answers = {L"P"};
-    ASSERT_TRUE(saving.save());
+    ASSERT_TRUE(saveAs(L"P"));
     const auto before = control.commands().size();
     finished = false;
     saving.takeBack();
@@ -63,11 +58,8 @@ TEST_F(SaveTakeBackTest, NothingOfTheFolderIsPlayedMeanwhile) {
 }
 
 TEST_F(SaveTakeBackTest, OneThatCannotBeUndoneTellsWhatComesAndShowsWhatIs) {
-    folder.file(L"a.jpg", "A");
-    folder.file(L"b.jpg", "B");
-    load();
-    answers = {L"P"};
-    ASSERT_TRUE(saving.save());
+    loadTwo();
+    ASSERT_TRUE(saveAs(L"P"));
     const auto saved = files();
     fileSystem.onRename = onlyTemporaryNames;
     saving.takeBack();
@@ -80,11 +72,8 @@ TEST_F(SaveTakeBackTest, OneThatCannotBeUndoneTellsWhatComesAndShowsWhatIs) {
 }
 
 TEST_F(SaveTakeBackTest, OneThatFailsLeavesTheSaveAsItWas) {
-    folder.file(L"a.jpg", "A");
-    folder.file(L"b.jpg", "B");
-    load();
-    answers = {L"P"};
-    ASSERT_TRUE(saving.save());
+    loadTwo();
+    ASSERT_TRUE(saveAs(L"P"));
     const auto saved = files();
     fileSystem.onRename = [](const std::wstring& to) {
         return to.ends_with(L"b.jpg") ? files::Failure::Other : files::Failure::None;

@@ -17,8 +17,7 @@ TEST_F(SaveTest, NamesCarryTheOrderAndTheScriptTheNewNames) {
     folder.file(L"Panorell.txt", "b Film *P=3\r\nc Haus\r\n");
     load();
     std::swap(records.thumbRecords[0], records.thumbRecords[2]);
-    answers = {L"Urlaub"};
-    EXPECT_TRUE(saving.save());
+    EXPECT_TRUE(saveAs(L"Urlaub"));
     EXPECT_EQ(files(), (std::map<std::wstring, std::string>{
                            {L"Urlaub001.Jpg", "C"},
                            {L"Urlaub002.mpg", "B"},
@@ -60,8 +59,7 @@ TEST_F(SaveTest, WithoutEntriesNoScriptRemains) {
     folder.file(L"Panorell.txt", "a Eins\r\n");
     load();
     records.thumbRecords[0].entry.clear();
-    answers = {L"P"};
-    EXPECT_TRUE(saving.save());
+    EXPECT_TRUE(saveAs(L"P"));
     EXPECT_EQ(files(), (std::map<std::wstring, std::string>{{L"P001.jpg", "A"}}));
 }
 
@@ -75,8 +73,7 @@ TEST_F(SaveTest, ThumbnailsAndLocksGoWithTheirPictures) {
     load();
     ASSERT_EQ(records.thumbCount(), 2) << "locked pictures too";
     std::swap(records.thumbRecords[0], records.thumbRecords[1]);
-    answers = {L"P"};
-    EXPECT_TRUE(saving.save());
+    EXPECT_TRUE(saveAs(L"P"));
     EXPECT_EQ(files(), (std::map<std::wstring, std::string>{{L"P001.jpg", "B"}, {L"P002.jpg", "A"}}));
     EXPECT_TRUE(hidden(L"P001.jpg"));
     EXPECT_FALSE(hidden(L"P002.jpg"));
@@ -96,8 +93,7 @@ TEST_F(SaveTest, ThePrefixMayBeTheTemporaryOne) {
     folder.file(L"a.jpg", "A");
     folder.file(L"TMP002.jpg", "B");
     load();
-    answers = {L"TMP"};
-    EXPECT_TRUE(saving.save());
+    EXPECT_TRUE(saveAs(L"TMP"));
     EXPECT_EQ(files(), (std::map<std::wstring, std::string>{{L"TMP001.jpg", "A"}, {L"TMP002.jpg", "B"}}));
 }
 
@@ -105,8 +101,7 @@ TEST_F(SaveTest, TitlesThatTheCodePageLacksAreKept) {
     folder.file(L"a.jpg", "A");
     load();
     records.thumbRecords[0].entry = L"\u041c\u043e\u0440\u0435 \u00e4";
-    answers = {L"P"};
-    EXPECT_TRUE(saving.save());
+    EXPECT_TRUE(saveAs(L"P"));
     EXPECT_EQ(scriptText(), "\xEF\xBB\xBFP001 \xD0\x9C\xD0\xBE\xD1\x80\xD0\xB5 \xC3\xA4\r\n");
 }
 
@@ -139,8 +134,7 @@ TEST_F(SaveTest, ABitmapThatIsNobodysIsNotTakenForAPictureWithoutOne) {
     folder.file(L"Mini\\P001.bmp", "of another picture");
     SetFileAttributesW((folder / L"Mini\\P001.bmp").c_str(), FILE_ATTRIBUTE_READONLY);
     load();
-    answers = {L"P"};
-    EXPECT_TRUE(saving.save());
+    EXPECT_TRUE(saveAs(L"P"));
     EXPECT_THAT(filesOf(folder / L"Mini"), IsEmpty());
 }
 
@@ -152,8 +146,7 @@ TEST_F(SaveTest, WriteProtectedThumbnailsAndPicturesGoWithTheOthers) {
         SetFileAttributesW((folder / name).c_str(), FILE_ATTRIBUTE_READONLY);
     }
     load();
-    answers = {L"P"};
-    EXPECT_TRUE(saving.save());
+    EXPECT_TRUE(saveAs(L"P"));
     EXPECT_EQ(filesOf(folder / L"Mini"), (std::map<std::wstring, std::string>{{L"P001.bmp", "bild a"}}));
     EXPECT_EQ(GetFileAttributesW((folder / L"Mini\\P001.bmp").c_str()) & FILE_ATTRIBUTE_READONLY, 0U);
     EXPECT_NE(GetFileAttributesW((folder / L"P001.jpg").c_str()) & FILE_ATTRIBUTE_READONLY, 0U);
@@ -165,8 +158,7 @@ TEST_F(SaveTest, TheRecordsKnowWhatWasWritten) {
     folder.file(L"Panorell.txt", "a \xC4rger\r\nf Film\r\n");
     load();
     records.thumbRecords.resize(1);
-    answers = {L"P"};
-    ASSERT_TRUE(saving.save());
+    ASSERT_TRUE(saveAs(L"P"));
     const script::ScriptReading onDisk = script::readScript(folder.path());
     EXPECT_EQ(records.script.bytes, onDisk.bytes);
     EXPECT_EQ(records.script.text, onDisk.text);

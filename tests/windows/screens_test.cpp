@@ -13,6 +13,8 @@
 namespace app {
 namespace {
 
+using support::windowOf;
+
 class ScreensTest : public support::ScreenTest {};
 
 /// Tells a form of a change of scaling when it comes to the second monitor, as the system does.

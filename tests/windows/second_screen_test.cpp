@@ -9,12 +9,7 @@ namespace app {
 namespace {
 
 using support::AppStage;
-
-RECT windowOf(HWND window) {
-    RECT place{};
-    GetWindowRect(window, &place);
-    return place;
-}
+using support::windowOf;
 
 class SurfaceTest : public testing::Test {
   protected:

@@ -5,6 +5,7 @@
 
 #include "support/app_stage.h"
 #include "support/edit_stage.h"
+#include "support/import_hook.h"
 
 namespace edit {
 namespace {
@@ -12,8 +13,10 @@ namespace {
 using overview::kLockColour;
 using support::alike;
 using support::EditStage;
+using support::MessageBoxes;
 using testing::ElementsAre;
 using testing::Pair;
+using testing::StartsWith;
 
 constexpr std::uint32_t kBlue = 0x404080;
 constexpr std::uint32_t kRed = 0x804040;
@@ -53,11 +56,81 @@ TEST(StoreCommands, StoringAgainOverwritesAll) {
     stage.keep(L"b.bmp", 0x111111);
     ASSERT_TRUE(stage.open());
     ASSERT_TRUE(alike(stage.colour(0), 0x111111));
-    EXPECT_TRUE(stage.editing->store().save());
+    EXPECT_TRUE(stage.editing->store().save().all);
     EXPECT_TRUE(alike(middle(*stage.kept(L"a.bmp")), kBlue));
     EXPECT_TRUE(alike(middle(*stage.kept(L"b.bmp")), kBlue));
     EXPECT_TRUE(alike(stage.colour(0), kBlue)) << "from the file, not from what was kept";
     EXPECT_FALSE(stage.exists(L"Mini\\a.bmp~"));
+}
+
+/// Moves files as Windows does, which replaces none that is write-protected; Wine would.
+class StrictMoves {
+  public:
+    StrictMoves() : hook_("MoveFileExW", move) { one = this; }
+    ~StrictMoves() { one = nullptr; }
+    StrictMoves(const StrictMoves&) = delete;
+    StrictMoves& operator=(const StrictMoves&) = delete;
+
+  private:
+    static BOOL WINAPI move(LPCWSTR from, LPCWSTR to, DWORD flags) {
+        const DWORD attributes = GetFileAttributesW(to);
+        if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+            SetLastError(ERROR_ACCESS_DENIED);
+            return FALSE;
+        }
+        return one->hook_.original<decltype(move)>()(from, to, flags);
+    }
+
+    static inline StrictMoves* one = nullptr;
+    support::ImportHook hook_;
+};
+
+TEST(StoreCommands, AWriteProtectedThumbnailIsOverwrittenToo) {
+    const StrictMoves strict;
+    EditStage stage;
+    stage.picturesOf({kBlue});
+    stage.keep(L"a.bmp", 0x111111);
+    SetFileAttributesW((stage.pictures / L"Mini\\a.bmp").c_str(), FILE_ATTRIBUTE_READONLY);
+    ASSERT_TRUE(stage.open());
+    EXPECT_TRUE(stage.editing->store().save().all);
+    EXPECT_TRUE(alike(middle(*stage.kept(L"a.bmp")), kBlue));
+}
+
+TEST(StoreCommands, AStoreThatCannotBeMadeIsToldOf) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kRed});
+    stage.pictures.file(L"Mini", "of the user");
+    ASSERT_TRUE(stage.open());
+    stage.editing->settings().setShown(true);
+    const MessageBoxes boxes;
+    stage.choose(0, L"Minibilder speichern");
+    ASSERT_EQ(boxes.seen().size(), 1U);
+    EXPECT_EQ(boxes.seen()[0].title, L" Fehler");
+    EXPECT_THAT(boxes.seen()[0].text, StartsWith(L"Der Ordner «Mini» kann nicht angelegt werden: "));
+    EXPECT_TRUE(stage.offers(0, L"Minibilder speichern"));
+    EXPECT_TRUE(stage.offers(0, L" Minibilder löschen"));
+    EXPECT_TRUE(stage.editing->settings().shown());
+    EXPECT_TRUE(stage.overview->form().Grid.enabled());
+    EXPECT_FALSE(stage.attributes(L"Mini") & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+TEST(StoreCommands, AThumbnailThatCannotBeKeptEndsItAndIsToldOf) {
+    EditStage stage;
+    stage.picturesOf({kBlue, kRed, kBlue});
+    stage.pictures.folder(L"Mini");
+    stage.pictures.folder(L"Mini\\b.bmp");
+    ASSERT_TRUE(stage.open());
+    const MessageBoxes boxes;
+    stage.choose(0, L"Minibilder speichern");
+    ASSERT_EQ(boxes.seen().size(), 1U);
+    EXPECT_EQ(boxes.seen()[0].title, L" Fehler");
+    EXPECT_THAT(boxes.seen()[0].text,
+                StartsWith(L"Das Minibild von «b.jpg» kann nicht gespeichert werden: "));
+    EXPECT_TRUE(stage.exists(L"Mini\\a.bmp"));
+    EXPECT_FALSE(stage.exists(L"Mini\\b.bmp~"));
+    EXPECT_FALSE(stage.exists(L"Mini\\c.bmp"));
+    EXPECT_FALSE(stage.overview->form().Progress.visible());
+    EXPECT_TRUE(stage.offers(0, L" *Minibilder speichern")) << "what is kept is kept";
 }
 
 TEST(StoreCommands, ALockedItemIsStoredWithoutItsMark) {
@@ -65,7 +138,7 @@ TEST(StoreCommands, ALockedItemIsStoredWithoutItsMark) {
     stage.picturesOf({kBlue, kBlue});
     stage.pictures.hide(L"b.jpg");
     ASSERT_TRUE(stage.open());
-    EXPECT_TRUE(stage.editing->store().save());
+    EXPECT_TRUE(stage.editing->store().save().all);
     const auto kept = *stage.kept(L"b.bmp");
     EXPECT_TRUE(std::all_of(kept.data.begin(), kept.data.end(),
                             [](std::uint32_t pixel) { return alike(pixel & 0xFFFFFFU, kBlue); }));
@@ -79,7 +152,7 @@ TEST(StoreCommands, ItTellsHowFarItIs) {
     ASSERT_TRUE(stage.open());
     std::vector<std::pair<int, int>> told;
     stage.editing->store().onProgress = [&](int done, int all) { told.emplace_back(done, all); };
-    EXPECT_TRUE(stage.editing->store().save());
+    EXPECT_TRUE(stage.editing->store().save().all);
     EXPECT_THAT(told, ElementsAre(Pair(0, 3), Pair(1, 3), Pair(2, 3), Pair(3, 3)));
 }
 
@@ -90,7 +163,7 @@ TEST(StoreCommands, WhatCannotBeShownIsNotStored) {
     stage.picture(L"c.x.jpg", kBlue);
     stage.picture(L"c.y.jpg", kRed);
     ASSERT_TRUE(stage.open());
-    EXPECT_TRUE(stage.editing->store().save());
+    EXPECT_TRUE(stage.editing->store().save().all);
     EXPECT_TRUE(stage.exists(L"Mini\\a.bmp"));
     EXPECT_FALSE(stage.exists(L"Mini\\b.bmp"));
     EXPECT_FALSE(stage.exists(L"Mini\\c.bmp")) << "nobody could tell whose it is";

@@ -9,6 +9,8 @@
 namespace app {
 namespace {
 
+using support::windowOf;
+
 class SurfaceCaptionsTest : public support::ScreenTest {};
 
 /// Of the font that a control was told to write in.
