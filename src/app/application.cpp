@@ -76,6 +76,10 @@ void Application::wireShow() {
     };
     show_.onEnd = [this] { shutdown_.showEnd(); };
     show_.onRestart = [this] { restart(); };
+    form_.onKey = [this](int key, bool repeated) {
+        escapeHeld_ = key == VK_ESCAPE && repeated;
+        return show_.keyDown(key);
+    };
     form_.onTyped = [this](wchar_t character) { return typed(character); };
 }
 
@@ -105,7 +109,10 @@ bool Application::typed(wchar_t character) {
         return true;
     }
     if (character == kEscape) {
-        shutdown_.clipboardEnd();
+        // One that is held down since it closed a list or a box is meant for that alone.
+        if (!escapeHeld_) {
+            shutdown_.clipboardEnd();
+        }
         return true;
     }
     return setup_.typed(character);

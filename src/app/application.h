@@ -64,6 +64,8 @@ class Application {
     Setup setup_;
     Shutdown shutdown_;
     Overview overview_;
+    /// Escape is held down, so the characters that come are its repetitions.
+    bool escapeHeld_ = false;
 };
 
 }  // namespace app

@@ -102,7 +102,7 @@ void FolderBrowser::folderChanged() {
     } else {
         previewed_.clear();
         enableStart(false);
-        parts_.Pic2.clear();
+        parts_.Pic2.drop();
         parts_.Pic2.setToolTip(L"");
     }
 }

@@ -30,7 +30,6 @@ void Show::wire() {
     controls_.onRestart = [this] { onRestart(); };
     form_.EOT.onClick = [this] { slideshow_.stop(); };
     form_.Pic2.onPressed = [this](const ui::MouseEvent& event) { controls_.mousePressed(event.button); };
-    form_.onKey = [this](int key, bool) { return controls_.keyDown(key); };
 }
 
 void Show::run() {

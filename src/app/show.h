@@ -34,6 +34,8 @@ class Show {
     /// Starts the show and lets it step by itself.
     void run();
     void stop() { slideshow_.stop(); }
+    /// A key was pressed or repeats itself; true when it was meant for the show.
+    bool keyDown(int key) { return controls_.keyDown(key); }
     /// A character was typed; true when it was meant for the show.
     bool typed(wchar_t character) { return controls_.keyPress(character); }
     /// The file that a show would begin with: its picture is made ready for the whole monitor while its user

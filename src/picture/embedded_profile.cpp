@@ -17,24 +17,21 @@ constexpr std::size_t kChunkHead = kSignature.size() + 2;
 
 using Bytes = std::span<const std::uint8_t>;
 
-bool isProfileChunk(std::uint8_t marker, Bytes payload) {
-    return marker == kApp2 && payload.size() >= kChunkHead &&
+}  // namespace
+
+bool isProfilePart(Bytes file, const JpegSegment& segment) {
+    const Bytes payload = file.subspan(segment.offset, segment.length);
+    return segment.marker == kApp2 && payload.size() >= kChunkHead &&
            std::equal(kSignature.begin(), kSignature.end(), payload.begin(),
                       [](char a, std::uint8_t b) { return static_cast<std::uint8_t>(a) == b; });
 }
 
-}  // namespace
-
-std::optional<std::vector<std::uint8_t>> readEmbeddedProfile(Bytes file) {
+std::optional<std::vector<std::uint8_t>> readEmbeddedProfile(Bytes file, std::span<const JpegSegment> parts) {
     std::map<int, Bytes> chunks;
     int expected = 0;
     std::size_t size = 0;
-    JpegSegments segments(file);
-    while (const auto segment = segments.next()) {
-        const Bytes payload = file.subspan(segment->offset, segment->length);
-        if (!isProfileChunk(segment->marker, payload)) {
-            continue;
-        }
+    for (const JpegSegment& part : parts) {
+        const Bytes payload = file.subspan(part.offset, part.length);
         const int number = payload[kSignature.size()];
         const int count = payload[kSignature.size() + 1];
         if (expected == 0) {

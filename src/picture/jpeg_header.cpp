@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "picture/embedded_profile.h"
+
 namespace picture {
 
 namespace {
@@ -27,8 +29,6 @@ std::optional<JpegHeader> readFrame(std::span<const std::uint8_t> file, const Jp
     JpegHeader header;
     header.height = bigEndian16(file, segment.offset + 1);
     header.width = bigEndian16(file, segment.offset + 3);
-    header.components = file[segment.offset + 5];
-    header.progressive = (segment.marker & 3) == 2;
     return header.width > 0 && header.height > 0 ? std::optional(header) : std::nullopt;
 }
 
@@ -91,6 +91,11 @@ JpegHead readJpegHead(std::span<const std::uint8_t> file) {
         } else if (startsFrame(segment->marker) && segment->length >= 6 && !framed) {
             framed = true;
             head.header = readFrame(file, *segment);
+        } else if (isProfilePart(file, *segment)) {
+            // One more than there may be tells enough of a file that has millions of them.
+            if (head.profileParts.size() <= kMostProfileParts) {
+                head.profileParts.push_back(*segment);
+            }
         } else if (!noted) {
             const auto exif = readExifSegment(file, *segment);
             noted = exif.has_value();

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "picture/exif.h"
 
@@ -33,10 +34,8 @@ class JpegSegments {
 
 /// What can be told about a JPEG picture without decoding it.
 struct JpegHeader {
-    int width = 0;       ///< pixels as stored, 1 to 65535
-    int height = 0;      ///< likewise
-    int components = 0;  ///< 1 grey, 3 colour, 4 CMYK
-    bool progressive = false;
+    int width = 0;   ///< pixels as stored, 1 to 65535
+    int height = 0;  ///< likewise
     /// Bytes from the first picture data to the end of the file; 0 when there is no picture data.
     std::size_t dataLength = 0;
 };
@@ -46,6 +45,8 @@ struct JpegHead {
     std::optional<JpegHeader>
         header;     ///< none when the file is no JPEG or ends before the picture's size is told
     ExifInfo exif;  ///< of the first EXIF block
+    /// The parts of its colour profile, in the order of the file; see readEmbeddedProfile.
+    std::vector<JpegSegment> profileParts;
 };
 JpegHead readJpegHead(std::span<const std::uint8_t> file);
 

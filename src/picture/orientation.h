@@ -63,7 +63,4 @@ struct StoredPart {
 /// `placement` is where the upright picture lies on `surface`.
 StoredPart storedPart(Orientation orientation, const Placement& placement, Pixels& surface);
 
-/// The picture made upright.
-Pixels makeUpright(const Pixels& stored, Orientation orientation);
-
 }  // namespace picture

@@ -49,6 +49,7 @@ struct Head {
     std::optional<PictureSize> size;
     bool empty = false;  ///< a JPEG without picture data
     ExifInfo exif;
+    std::vector<JpegSegment> profileParts;
 };
 
 Head readHead(std::span<const std::uint8_t> bytes) {
@@ -58,12 +59,13 @@ Head readHead(std::span<const std::uint8_t> bytes) {
         head.size = readPictureSize(bytes);
         return head;
     }
-    const JpegHead jpeg = readJpegHead(bytes);
+    JpegHead jpeg = readJpegHead(bytes);
     if (jpeg.header) {
         head.size = PictureSize{jpeg.header->width, jpeg.header->height};
         head.empty = jpeg.header->dataLength == 0;
     }
     head.exif = jpeg.exif;
+    head.profileParts = std::move(jpeg.profileParts);
     return head;
 }
 
@@ -147,8 +149,7 @@ DecodedPicture decodeWhole(std::vector<std::uint8_t>& bytes, const Head& head, c
 
 /// The profile that a file's colours are meant in; empty where it has none.
 std::vector<std::uint8_t> profileOf(std::span<const std::uint8_t> bytes, const Head& head) {
-    return head.isJpeg ? readEmbeddedProfile(bytes).value_or(std::vector<std::uint8_t>())
-                       : std::vector<std::uint8_t>();
+    return readEmbeddedProfile(bytes, head.profileParts).value_or(std::vector<std::uint8_t>());
 }
 
 DecodedPicture decodeFile(const std::wstring& path, const LayoutRule& rule, const ColourTarget& colours) {

@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <cstdlib>
-
 namespace platform {
 
 StartedProcess startAwaitedProcess(const std::wstring& commandLine) {
@@ -24,11 +22,6 @@ StartedProcess startAwaitedProcess(const std::wstring& commandLine) {
 
 bool startProcess(const std::wstring& commandLine) {
     return startAwaitedProcess(commandLine).code == 0;
-}
-
-void endProcess() {
-    TerminateProcess(GetCurrentProcess(), 0);
-    std::abort();  // not reached
 }
 
 }  // namespace platform

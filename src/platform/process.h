@@ -19,7 +19,4 @@ struct StartedProcess {
 /// Starts a command line as startProcess does, and hands out what to wait for.
 StartedProcess startAwaitedProcess(const std::wstring& commandLine);
 
-/// Ends this process at once: nothing else runs.
-[[noreturn]] void endProcess();
-
 }  // namespace platform

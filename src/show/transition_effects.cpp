@@ -103,10 +103,6 @@ void copyStep(int index, int step, int width, int height, std::vector<CopyRect>&
     }
 }
 
-CopyRect wholeCopy(int width, int height) {
-    return {{0, 0, width, height}, {0, 0, width, height}};
-}
-
 int effectDuration(int index, int width, int height) {
     const EffectPlan plan = effectPlan(index, width, height);
     if (!plan.paced) {

@@ -10,7 +10,7 @@ namespace show {
 /// rectangles of that step. The show surface Pic2 is W x H pixels, and so is the new picture in Pic3.
 ///
 /// A runner asks for the plan, starts Timer2 at the plan's interval, draws steps 0 ... stepCount - 1 with
-/// one tick of Timer2 between them, and finally gives Pic2 the whole new picture (wholeCopy). After that
+/// one tick of Timer2 between them, and finally gives Pic2 the whole new picture. After that
 /// the screen equals the new picture whatever the effect left undone.
 
 inline constexpr int kEffectCount = 26;
@@ -80,9 +80,6 @@ struct CopyRect {
 /// Replaces `copies` by the copies of `step` (0 ... stepCount - 1) of a copy effect, none of them empty; a
 /// step may have none. Reuse the vector: it then allocates nothing. Any other index or step gives none.
 void copyStep(int index, int step, int width, int height, std::vector<CopyRect>& copies);
-
-/// The copy that ends every transition.
-CopyRect wholeCopy(int width, int height);
 
 /// How long the effect takes when every tick comes on time, in milliseconds: the intervals of all its steps,
 /// the last one included.

@@ -57,11 +57,6 @@ void Button::press() {
     click();
 }
 
-void Button::setLook(ButtonLook look) {
-    look_ = look;
-    repaint();
-}
-
 void Button::draw(const DRAWITEMSTRUCT& item) {
     const ButtonState state{(item.itemState & ODS_DISABLED) == 0, hot_, (item.itemState & ODS_SELECTED) != 0,
                             (item.itemState & ODS_FOCUS) != 0 && (item.itemState & ODS_NOFOCUSRECT) == 0};

@@ -29,7 +29,6 @@ class Button : public Control {
     void click();
     void press() override;
     bool underlines() const override { return true; }
-    void setLook(ButtonLook look);
 
     std::function<void()> onClick;
 

@@ -70,14 +70,9 @@ bool OptionButton::onMessage(UINT message, WPARAM w, LPARAM l, LRESULT& result) 
         }
         return true;
     }
-    if (message == WM_LBUTTONUP) {
-        result = callSystem(message, w, l);
-        // A press that was not released over the button, or whose handler gave the focus away, makes no
-        // click; the next click is another one then.
-        chosenByMouse_ = false;
-        return true;
-    }
     if (message == WM_KEYDOWN) {
+        // A press that was not released over the button, or whose handler gave the focus away, has made no
+        // click; the one that the key makes is another one.
         chosenByMouse_ = false;
     }
     return focusFrame_.onMessage(message, w, l, result);

@@ -149,17 +149,6 @@ Path& Path::ellipse(float centreX, float centreY, float radiusX, float radiusY) 
     return *this;
 }
 
-Path& Path::ring(float centreX, float centreY, float radius, float width) {
-    const float outer = radius + width / 2;
-    const float inner = radius - width / 2;
-    ellipse(centreX, centreY, outer, outer);
-    if (inner > 0) {
-        ellipse(centreX, centreY, inner, inner);
-        std::reverse(outlines_.back().begin(), outlines_.back().end());
-    }
-    return *this;
-}
-
 Path& Path::roundRectOutline(float left, float top, float width, float height, float radius,
                              float lineWidth) {
     roundRect(left, top, width, height, radius);

@@ -16,15 +16,13 @@ struct PathPoint {
 };
 
 /// A shape of closed outlines, y growing downwards. Where outlines of the same direction overlap the shape
-/// is filled; all shapes here run clockwise, so they add up; ring() alone leaves a hole.
+/// is filled; all shapes here run clockwise, so they add up; roundRectOutline() alone leaves a hole.
 class Path {
   public:
     Path& polygon(std::initializer_list<PathPoint> points);
     Path& rect(float left, float top, float width, float height);
     Path& roundRect(float left, float top, float width, float height, float radius);
     Path& ellipse(float centreX, float centreY, float radiusX, float radiusY);
-    /// A circle's outline, `width` wide, half of it on either side of `radius`.
-    Path& ring(float centreX, float centreY, float radius, float width);
     /// A rounded rectangle's outline, `width` wide, inside the given edges.
     Path& roundRectOutline(float left, float top, float width, float height, float radius, float lineWidth);
     /// A line with round ends.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "picture/jpeg_header.h"
 #include "support/profile_bytes.h"
 
 namespace picture {
@@ -30,19 +31,23 @@ Bytes joined(const std::vector<Bytes>& parts) {
     return all;
 }
 
+std::optional<Bytes> profileIn(std::span<const std::uint8_t> file) {
+    return readEmbeddedProfile(file, readJpegHead(file).profileParts);
+}
+
 TEST(EmbeddedProfile, NoneInAFileWithout) {
-    EXPECT_FALSE(readEmbeddedProfile({}));
-    EXPECT_FALSE(readEmbeddedProfile(jpegFile({kScan})));
-    EXPECT_FALSE(readEmbeddedProfile(jpegFile({support::jpegSegment(0xE2, {'M', 'P', 'F', 0, 1, 2})})));
+    EXPECT_FALSE(profileIn({}));
+    EXPECT_FALSE(profileIn(jpegFile({kScan})));
+    EXPECT_FALSE(profileIn(jpegFile({support::jpegSegment(0xE2, {'M', 'P', 'F', 0, 1, 2})})));
     Bytes other = support::profileSegment(counted(50, 1));
     other[1] = 0xE1;
-    EXPECT_FALSE(readEmbeddedProfile(jpegFile({other}))) << "another marker";
-    EXPECT_FALSE(readEmbeddedProfile(support::profileSegment(counted(50, 1)))) << "no JPEG";
+    EXPECT_FALSE(profileIn(jpegFile({other}))) << "another marker";
+    EXPECT_FALSE(profileIn(support::profileSegment(counted(50, 1)))) << "no JPEG";
 }
 
 TEST(EmbeddedProfile, ReadsOneChunk) {
     const Bytes profile = counted(300, 7);
-    EXPECT_EQ(readEmbeddedProfile(jpegFile({support::profileSegment(profile), kScan})), profile);
+    EXPECT_EQ(profileIn(jpegFile({support::profileSegment(profile), kScan})), profile);
 }
 
 TEST(EmbeddedProfile, ReadsChunksInAnyOrder) {
@@ -54,7 +59,7 @@ TEST(EmbeddedProfile, ReadsChunksInAnyOrder) {
             segments.push_back(profileChunk(parts[index], index + 1, 4));
             segments.push_back(support::jpegSegment(0xE1, {'E', 'x', 'i', 'f', 0, 0}));
         }
-        EXPECT_EQ(readEmbeddedProfile(jpegFile(segments)), joined(parts));
+        EXPECT_EQ(profileIn(jpegFile(segments)), joined(parts));
     } while (std::next_permutation(order.begin(), order.end()));
 }
 
@@ -67,7 +72,19 @@ TEST(EmbeddedProfile, ReadsTheMostChunks) {
     for (unsigned number = 1; number <= 255; ++number) {
         parts.push_back(counted(10, static_cast<std::uint8_t>(number)));
     }
-    EXPECT_EQ(readEmbeddedProfile(jpegFile(segments)), joined(parts));
+    EXPECT_EQ(profileIn(jpegFile(segments)), joined(parts));
+}
+
+TEST(EmbeddedProfile, OnePartTooManyIsRemembered) {
+    std::vector<Bytes> segments;
+    for (unsigned number = 1; number <= 255; ++number) {
+        segments.push_back(profileChunk(counted(10, 1), number, 255));
+    }
+    ASSERT_TRUE(profileIn(jpegFile(segments)));
+    segments.insert(segments.end(), 1000, segments.front());
+    const Bytes file = jpegFile(segments);
+    EXPECT_EQ(readJpegHead(file).profileParts.size(), kMostProfileParts + 1);
+    EXPECT_FALSE(profileIn(file));
 }
 
 TEST(EmbeddedProfile, IgnoresChunksThatDoNotFit) {
@@ -88,7 +105,7 @@ TEST(EmbeddedProfile, IgnoresChunksThatDoNotFit) {
         {"empty", {profileChunk({}, 1, 1)}},
     };
     for (const auto& [name, segments] : cases) {
-        EXPECT_FALSE(readEmbeddedProfile(jpegFile(segments))) << name;
+        EXPECT_FALSE(profileIn(jpegFile(segments))) << name;
     }
 }
 
@@ -103,10 +120,10 @@ TEST(EmbeddedProfile, IsNotReadBeyondItsLimit) {
         }
         return jpegFile(segments);
     };
-    const auto most = readEmbeddedProfile(file(kMostProfileBytes));
+    const auto most = profileIn(file(kMostProfileBytes));
     ASSERT_TRUE(most);
     EXPECT_EQ(most->size(), kMostProfileBytes);
-    EXPECT_FALSE(readEmbeddedProfile(file(kMostProfileBytes + 1)));
+    EXPECT_FALSE(profileIn(file(kMostProfileBytes + 1)));
 }
 
 /// A file that ends within a chunk gives less than the whole profile, which its own length then tells.
@@ -115,7 +132,7 @@ TEST(EmbeddedProfile, EveryTruncationGivesNoneOrABeginning) {
     const Bytes all = joined(parts);
     const Bytes file = jpegFile({profileChunk(parts[0], 1, 2), profileChunk(parts[1], 2, 2)});
     for (std::size_t size = 0; size < file.size(); ++size) {
-        const auto found = readEmbeddedProfile(std::span(file).first(size));
+        const auto found = profileIn(std::span(file).first(size));
         if (found) {
             ASSERT_LT(found->size(), all.size());
             EXPECT_GT(size, file.size() - parts[1].size() - 1);

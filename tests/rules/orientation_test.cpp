@@ -33,6 +33,20 @@ std::vector<std::string> toText(const Pixels& pixels) {
     return rows;
 }
 
+/// The whole picture on a surface of its own.
+Pixels makeUpright(const Pixels& stored, Orientation orientation) {
+    const bool exchange = exchangesSides(orientation);
+    Pixels upright(exchange ? stored.height : stored.width, exchange ? stored.width : stored.height);
+    const StoredPart part = storedPart(orientation, {0, 0, upright.width, upright.height}, upright);
+    for (int y = 0; y < part.visible.height; ++y) {
+        const std::uint32_t* from = stored.row(y);
+        for (int x = 0; x < part.visible.width; ++x) {
+            *part.view.at(x, y) = from[x];
+        }
+    }
+    return upright;
+}
+
 struct Case {
     unsigned value;
     std::vector<std::string> upright;

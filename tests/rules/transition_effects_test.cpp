@@ -388,11 +388,6 @@ TEST(TransitionEffects, OnlyStretchesCoverTheirFormerSteps) {
     }
 }
 
-TEST(TransitionEffects, WholeCopyIsTheWholePicture) {
-    const PixelRect whole{0, 0, 801, 599};
-    EXPECT_EQ(wholeCopy(801, 599), (CopyRect{whole, whole}));
-}
-
 TEST(TransitionEffects, NoTwoEffectsLookAlike) {
     const Size size{320, 240};
     for (const int percent : {30, 50, 70}) {

@@ -36,6 +36,17 @@ TEST(Load, ComesUpInItsOrder) {
                             "read Set3/Dir", "read Set4/Dir", "tray add"));
 }
 
+TEST(Load, WhatWaitsIsDoneBeforeAnythingIsRead) {
+    AppStage stage;
+    bool done = false;
+    stage.system.onCall = [&](const std::string& call) {
+        done = done || (call == "read Prog/Name" && stage.form().LoopC.value() == 1);
+    };
+    PostMessageW(stage.form().LoopC.hwnd(), BM_CLICK, 0, 0);
+    stage.load();
+    EXPECT_TRUE(done);
+}
+
 TEST(Load, WithParametersReadsOnlyTheSetTheyName) {
     AppStage stage;
     stage.load(L"C:\\ P=7");

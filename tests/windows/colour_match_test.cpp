@@ -7,6 +7,7 @@
 
 #include "picture/colour_conversion.h"
 #include "picture/embedded_profile.h"
+#include "picture/jpeg_header.h"
 #include "picture/picture_decoder.h"
 #include "picture/standard_profile.h"
 #include "support/colours.h"
@@ -166,7 +167,8 @@ support::PictureRule sceneIn(const Bytes& profile) {
 
 Pixels shown(const std::wstring& path, const Bytes& monitor) {
     DecodedPicture decoded = decodeScaledToFit(path, 256, 256);
-    const auto profile = readEmbeddedProfile(support::readBytes(path));
+    const Bytes file = support::readBytes(path);
+    const auto profile = readEmbeddedProfile(file, readJpegHead(file).profileParts);
     ColourMatch match;
     match.convert(decoded.pixels, decoded.placement, profile.value_or(Bytes()), monitor);
     return std::move(decoded.pixels);

@@ -214,14 +214,17 @@ TEST_F(EmptyDrive, GivesAMessageAndLeavesTheFolders) {
 }
 
 TEST_F(EmptyDrive, InASetLeavesTheListsWithoutAMessage) {
-    stage.program.file(L"Panorell.ini", "[Set2]\r\nDrive=Q:\r\nDir=Q:\\Bilder\r\n");
+    stage.program.file(L"Panorell.ini",
+                       "[Set2]\r\nDrive=Q:\r\nDir=Q:\\Bilder\r\n[Set3]\r\nDrive=Q:\r\nDir=C:\\\r\n");
     touch(L"a.jpg");
     stage.loadFolder();
     const support::MessageBoxes boxes;
-    stage.click(form().Option1[1]);
-    EXPECT_EQ(boxes.seen().size(), 0U);
-    EXPECT_EQ(form().Drive1.drive(), L"C:");
-    EXPECT_EQ(form().Dir1.path(), stage.pictures.path());
+    for (const std::size_t set : {1U, 2U}) {
+        stage.click(form().Option1[set]);
+        EXPECT_EQ(boxes.seen().size(), 0U);
+        EXPECT_EQ(form().Drive1.drive(), L"C:");
+        EXPECT_EQ(form().Dir1.path(), stage.pictures.path());
+    }
 }
 
 TEST_F(EmptyDrive, InParametersLeavesTheListsWithoutAMessage) {

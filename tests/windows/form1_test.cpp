@@ -218,6 +218,21 @@ TEST_F(Form1Test, TypingAThirdCharacterEmptiesTheBox) {
     EXPECT_EQ(form.IntS.value(), 49);
 }
 
+TEST_F(Form1Test, TheCaretStaysWhereItsUserTypes) {
+    const auto caret = [&] { return LOWORD(SendMessageW(form.IntT.hwnd(), EM_GETSEL, 0, 0)); };
+    form.IntT.setText(L"2");
+    form.IntT.setFocus();
+    SendMessageW(form.IntT.hwnd(), EM_SETSEL, 0, 0);
+    SendMessageW(form.IntT.hwnd(), WM_CHAR, L'1', 1);
+    ASSERT_EQ(form.IntT.text(), L"12");
+    EXPECT_EQ(caret(), 1);
+    SendMessageW(form.IntT.hwnd(), WM_KEYDOWN, VK_DELETE, 1);
+    SendMessageW(form.IntT.hwnd(), EM_SETSEL, 0, 0);
+    SendMessageW(form.IntT.hwnd(), WM_CHAR, L'7', 1);
+    ASSERT_EQ(form.IntT.text(), L"60") << "71 is more than there is";
+    EXPECT_EQ(caret(), 2) << "behind what was put there";
+}
+
 // The line of text is not as high as its box; the rest belongs to it.
 TEST(Form1, TheWholeHeightOfThePauseTakesClicks) {
     AppStage stage;

@@ -178,14 +178,36 @@ TEST_F(OptionSetsTest, AFolderThatTheCodePageCannotNameComesBack) {
     EXPECT_EQ(form().Dir1.path(), folder);
     EXPECT_EQ(form().File1.count(), 1);
     EXPECT_EQ(form().Option1[0].toolTip(), L"\u65E5\u672C");
+    stage.application.reset();
+    stage.create();
+    stage.load();
+    EXPECT_EQ(form().Dir1.path(), folder) << "by the next start too";
+    EXPECT_EQ(form().Option1[0].toolTip(), L"\u65E5\u672C");
+}
+
+// As by a program that has it open.
+TEST_F(OptionSetsTest, AFileThatNobodyElseMayWriteKeepsWhatItHas) {
+    settings("[Set1]\r\nDelay=7\r\n");
+    stage.load(stage.pictures.path());
+    form().IntT.setText(L"33");
+    {
+        const platform::File held(CreateFileW((stage.program / L"Panorell.ini").c_str(), GENERIC_READ,
+                                              FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+        form().SAVE.click();
+    }
+    EXPECT_EQ(stage.system.count("beep"), 0);
+    EXPECT_EQ(form().Option1[0].toolTip(), L"");
+    EXPECT_EQ(form().SAVE.toolTip(), L"Panorell.ini kann nicht geschrieben werden");
+    EXPECT_EQ(written(), "[Set1]\r\nDelay=7\r\n");
 }
 
 TEST_F(OptionSetsTest, AFolderThatIsGoneLeavesTheListsAsTheyAre) {
     stage.picture(L"a.jpg");
     settings(
-        "[Set2]\r\nDrive=C:\r\nDir=C:\\gibt\\es\\nicht\r\n[Set3]\r\nDrive=Z:\r\nDir=Z:\\gibt es nicht\r\n");
+        "[Set2]\r\nDrive=C:\r\nDir=C:\\gibt\\es\\nicht\r\n[Set3]\r\nDrive=Z:\r\nDir=Z:\\gibt es nicht\r\n"
+        "[Set4]\r\nDrive=Z:\r\nDir=C:\\gibt\\es\\nicht\r\n");
     stage.loadFolder();
-    for (const int index : {1, 2}) {
+    for (const int index : {1, 2, 3}) {
         choose(index);
         EXPECT_EQ(form().Drive1.drive(), L"C:");
         EXPECT_EQ(form().Dir1.path(), stage.pictures.path());
@@ -259,6 +281,25 @@ TEST_F(OptionSetsTest, ChoosingTheActiveSetLoadsItAgain) {
     form().IntT.setText(L"20");
     choose(0);
     EXPECT_EQ(form().IntT.text(), L"9");
+    EXPECT_TRUE(form().Pic2.visible()) << "also where no other folder is opened";
+}
+
+TEST_F(OptionSetsTest, WhatWaitsIsDoneBeforeTheNewSetIsLoaded) {
+    stage.load();
+    form().IntT.setText(L"20");
+    bool hidden = false;
+    std::wstring set;
+    form().LoopC.onClick = [&] {
+        if (set.empty()) {
+            hidden = !form().Pic2.visible();
+            set = stage.state().CurrentSet;
+        }
+    };
+    PostMessageW(form().LoopC.hwnd(), BM_CLICK, 0, 0);
+    form().Option1[1].onChosen();
+    EXPECT_TRUE(hidden);
+    EXPECT_EQ(set, L"Set1");
+    EXPECT_EQ(form().LoopC.value(), 0) << "and overridden by what the set holds";
 }
 
 TEST_F(OptionSetsTest, TheMouseChoosesWhenItGoesDownAndTheEmblemTakesTheFocus) {

@@ -266,6 +266,43 @@ TEST_F(PreviewTest, AFolderThatIsLeftShowsNothingMoreOfIt) {
     EXPECT_FALSE(form().Start.enabled());
 }
 
+TEST_F(PreviewTest, AnEmptyFolderHasTheWholeBoxAgain) {
+    stage.picture(L"a.jpg", kRed, 600, 200);
+    const std::wstring empty = stage.pictures.folder(L"leer");
+    const ui::TwipsRect whole = form().Pic2.place();
+    stage.loadFolder();
+    ASSERT_LT(form().Pic2.place().height, whole.height - 300);
+    form().Dir1.setPath(empty);
+    EXPECT_TRUE(form().Pic2.place() == whole);
+    EXPECT_TRUE(form().Pic2.image().empty()) << "no black hole";
+    form().Dir1.setPath(stage.pictures.path());
+    ASSERT_FALSE(form().Pic2.visible()) << "the picture is on its way";
+    form().Dir1.setPath(empty);
+    EXPECT_TRUE(form().Pic2.visible());
+}
+
+TEST_F(PreviewTest, AVideoThatIsChosenWhileAPictureLoadsIsNotCoveredByIt) {
+    stage.picture(L"a.jpg", kRed, 3000, 2000);
+    stage.pictures.file(L"b.mpg", "no film");
+    stage.load(stage.pictures.path());
+    ASSERT_TRUE(stage.application->previewLoading());
+    choose(L"b.mpg");
+    for (int i = 0; i < 100; ++i) {
+        stage.loop.advance(10);
+        Sleep(5);
+    }
+    EXPECT_EQ(stage.shown(), 0U);
+}
+
+// What was clicked meanwhile is done before the picture is there.
+TEST_F(PreviewTest, WhatWaitsIsDoneBeforeThePictureLoads) {
+    stage.picture(L"a.jpg", kRed);
+    stage.loadFolder();
+    PostMessageW(form().LoopC.hwnd(), BM_CLICK, 0, 0);
+    choose(L"a.jpg");
+    EXPECT_EQ(form().LoopC.value(), 1);
+}
+
 TEST_F(PreviewTest, TheWindowLivesWhileALargePictureLoads) {
     stage.picture(L"a.jpg", kRed, 4000, 3000);
     stage.load(stage.pictures.path());

@@ -317,6 +317,24 @@ TEST_F(ScreensTest, ADoubleClickOnRunIsOneClickWhereAFilmFadesInFirst) {
     EXPECT_EQ(stage.showState().showMode, show::kByHand);
 }
 
+// The second press of the double click on Load comes while the film is still being opened.
+TEST_F(ScreensTest, APressWhileTheShowBeginsIsNone) {
+    stage.pictures.file(L"0.mpg", "no film");
+    stage.loadFolder();
+    bool pressed = false;
+    stage.control.onSend = [&](const std::string& command) {
+        if (!pressed && command.starts_with("open ") && stage.showState().showMode == show::kByHand) {
+            pressed = true;
+            SendMessageW(form().Pic2.hwnd(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(300, 300));
+        }
+    };
+    form().Start.click();
+    EXPECT_TRUE(pressed);
+    EXPECT_FALSE(stage.showState().quickStepPending);
+    stage.loop.advance(200);
+    EXPECT_EQ(stage.showState().pictureIndex, 0);
+}
+
 TEST_F(ScreensTest, TheSettingsTellTheShapeThatPicturesAreComparedWith) {
     stage.monitors.first = RECT{0, 0, 640, 360};
     stage.loadFolder();

@@ -105,6 +105,44 @@ TEST_F(ShutdownTest, EscapeInTheHelpBoxClosesOnlyThat) {
     EXPECT_EQ(platform::clipboardText(), L"vorher");
 }
 
+TEST_F(ShutdownTest, EscapeInTheMenuOfThePauseClosesOnlyThat) {
+    load();
+    static bool opened = false;
+    opened = false;
+    constexpr UINT kLookEveryMs = 10;
+    SetTimer(form().IntT.hwnd(), 99, kLookEveryMs, [](HWND box, UINT, UINT_PTR id, DWORD) {
+        GUITHREADINFO state{};
+        state.cbSize = sizeof(state);
+        GetGUIThreadInfo(GetCurrentThreadId(), &state);
+        if ((state.flags & GUI_INMENUMODE) != 0) {
+            KillTimer(box, id);
+            opened = true;
+            PostMessageW(state.hwndMenuOwner, WM_KEYDOWN, VK_ESCAPE, 1);
+        }
+    });
+    form().IntT.setFocus();
+    SendMessageW(form().IntT.hwnd(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(form().IntT.hwnd()),
+                 MAKELPARAM(200, 200));
+    stage.loop.settle();
+    EXPECT_TRUE(opened);
+    EXPECT_FALSE(stage.loop.leaving());
+    EXPECT_EQ(platform::clipboardText(), L"vorher");
+}
+
+TEST_F(ShutdownTest, EscapeThatIsStillHeldDownSinceABoxDoesNotEndTheProgram) {
+    load();
+    form().Dir1.setFocus();
+    constexpr LPARAM kHeld = (1L << 30) | 1;
+    for (int i = 0; i < 3; ++i) {
+        PostMessageW(form().Dir1.hwnd(), WM_KEYDOWN, VK_ESCAPE, kHeld);
+    }
+    stage.loop.settle();
+    EXPECT_FALSE(stage.loop.leaving());
+    PostMessageW(form().Dir1.hwnd(), WM_KEYDOWN, VK_ESCAPE, 1);
+    stage.loop.settle();
+    expectClipboardEnd();
+}
+
 TEST_F(ShutdownTest, ASecondEscapeThatWaitsDoesNothingMore) {
     load(L" R=1");
     PostMessageW(form().Pic2.hwnd(), WM_CHAR, 27, 1);
@@ -179,6 +217,34 @@ TEST_F(ShutdownTest, EscapeEndsAShow) {
     stage.control.clear();
     stage.type(27);
     EXPECT_THAT(stage.control.commands(), kMediaEnd);
+    expectShowEnd();
+}
+
+// The picture that comes in lies above the surface at that moment.
+TEST_F(ShutdownTest, EscapeInTheMiddleOfATransitionHidesThePictureThatComesIn) {
+    load(L" P=1 R=1");
+    stage.type(L'd');  // four seconds
+    bool seen = false;
+    stage.loop.at(2500, [&] {
+        seen = form().Pic3.visible();
+        stage.control.clear();
+        stage.type(27);
+    });
+    stage.loop.advance(3000);
+    EXPECT_TRUE(seen) << "in its middle";
+    EXPECT_THAT(stage.control.commands(), kMediaEnd);
+    expectShowEnd();
+}
+
+TEST_F(ShutdownTest, WhatWaitsIsDoneBeforeTheEndOfAShow) {
+    load(L" R=1");
+    bool done = false;
+    stage.system.onCall = [&](const std::string& call) {
+        done = call == "tray delete" && form().LoopC.value() == 1;
+    };
+    PostMessageW(form().LoopC.hwnd(), BM_CLICK, 0, 0);
+    form().onCloseAsked();
+    EXPECT_TRUE(done);
     expectShowEnd();
 }
 
