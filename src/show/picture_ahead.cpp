@@ -119,6 +119,12 @@ std::optional<ShowPicture> PictureAhead::take(const std::wstring& path) {
     return picture;
 }
 
+bool PictureAhead::ready(const std::wstring& path) {
+    const std::lock_guard lock(mutex_);
+    const auto job = find(path);
+    return job != jobs_.end() && job->done && job->picture;
+}
+
 bool PictureAhead::idle() {
     const std::lock_guard lock(mutex_);
     return !decoding_ && nextJob() == jobs_.end();
