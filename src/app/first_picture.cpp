@@ -88,6 +88,10 @@ std::optional<show::ShowPicture> FirstPicture::take(const std::wstring& path) {
     return held && path == path_ ? std::move(held) : pictures_.take(path);
 }
 
+bool FirstPicture::ready(const std::wstring& path) {
+    return (held_ && path == path_) || pictures_.ready(path);
+}
+
 void FirstPicture::prepare(const std::vector<std::wstring>& paths) {
     std::vector<std::wstring> wanted = paths;
     if (held_) {

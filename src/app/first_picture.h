@@ -27,6 +27,7 @@ class FirstPicture : public show::PictureSource {
 
     void setSurface(const show::ShowSurface& surface) override;
     std::optional<show::ShowPicture> take(const std::wstring& path) override;
+    bool ready(const std::wstring& path) override;
     void prepare(const std::vector<std::wstring>& paths) override;
 
   private:

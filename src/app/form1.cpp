@@ -11,6 +11,7 @@
 #include "ui/control_ids.h"
 #include "ui/painting.h"
 #include "ui/theme.h"
+#include "ui/without_redraw.h"
 
 namespace app {
 
@@ -260,6 +261,8 @@ void Form1::drawGround(ui::Painting& painting) {
 }
 
 void Form1::hideSetup() {
+    // Some fifty controls, each of which would give its place back to be painted.
+    const ui::WithoutRedraw still(hwnd());
     setup_ = false;
     setNavigation(false);
     setMovable(false);
@@ -267,14 +270,9 @@ void Form1::hideSetup() {
     setBackground(0);
     Pic2.setBackground(0);
     for (ui::Control* control : controls()) {
-        if (control != &Pic2) {
-            control->hide();
-        }
+        control->hide();
     }
-    if (concealed()) {
-        Pic2.hide();
-        endConcealment();
-    }
+    endConcealment();
 }
 
 void Form1::drawEmblem() {

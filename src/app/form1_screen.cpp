@@ -19,24 +19,25 @@ void Form1Screen::moveToSecondScreen() {
                  place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+bool Form1Screen::leaveSetup() {
+    form_.hideSetup();
+    form_.Pic2.setToolTip(L"");
+    form_.dropRegion();
+    const HCURSOR pointer = LoadCursorW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(PANORELL_POINTER));
+    form_.Pic2.setPointer(pointer);
+    form_.Pic3.setPointer(pointer);
+    if (!form_.visible()) {
+        return false;
+    }
+    // Black before it grows, or the set-up would be seen in a corner of the screen until the next paint.
+    form_.paintNow();
+    ui::EventLoop::current().doEvents();
+    return true;
+}
+
 // The monitor's own rectangle instead of a maximised state, which some window managers keep clear of their
 // task bar.
 void Form1Screen::takeOver() {
-    if (inSetup()) {
-        form_.hideSetup();
-        form_.Pic2.hide();
-        form_.Pic2.setToolTip(L"");
-        form_.dropRegion();
-        const HCURSOR pointer = LoadCursorW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(PANORELL_POINTER));
-        form_.Pic2.setPointer(pointer);
-        form_.Pic3.setPointer(pointer);
-        if (form_.visible()) {
-            // Black before it grows, or the set-up would be seen in a corner of the screen until the next
-            // paint.
-            form_.paintNow();
-            ui::EventLoop::current().doEvents();
-        }
-    }
     form_.cover(platform::Monitors::current().areaOf(form_.hwnd()));
 }
 

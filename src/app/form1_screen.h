@@ -14,6 +14,7 @@ class Form1Screen : public show::ShowScreen {
 
     bool inSetup() const override;
     void moveToSecondScreen() override;
+    bool leaveSetup() override;
     void takeOver() override;
     void uncover() override { form_.uncover(); }
     SIZE size() const override;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "ui/drag_image.h"
+#include "ui/without_redraw.h"
 
 namespace overview {
 
@@ -11,21 +12,6 @@ namespace {
 
 /// A panel's size is at rest when it has been the same for that long.
 constexpr int kRestMs = 120;
-
-/// Keeps a window from painting itself and its children while they are moved; all is painted once at the end.
-class WithoutRedraw {
-  public:
-    explicit WithoutRedraw(HWND window) : window_(window) { SendMessageW(window_, WM_SETREDRAW, FALSE, 0); }
-    ~WithoutRedraw() {
-        SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
-        RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
-    }
-    WithoutRedraw(const WithoutRedraw&) = delete;
-    WithoutRedraw& operator=(const WithoutRedraw&) = delete;
-
-  private:
-    HWND window_;
-};
 
 }  // namespace
 
@@ -111,7 +97,7 @@ void GridView::hideOthers(ItemRange before, ItemRange now) {
 }
 
 void GridView::placeBoxes(ItemRange before) {
-    const WithoutRedraw still(panel_.hwnd());
+    const ui::WithoutRedraw still(panel_.hwnd());
     panel_.setScroll(scroll_, layout_.viewHeight, isEnlarged() ? layout_.contentHeight() : 0);
     hideOthers(before, shown_);
     for (int i = shown_.first; i < std::min(shown_.end, boxCount()); ++i) {

@@ -209,7 +209,7 @@ void ColourConversion::convert(std::uint32_t* pixels, std::size_t count) const {
 
 #endif
 
-void convertColours(const ColourConversion& conversion, Pixels& pixels, const Placement& place) {
+void convertColours(const ColourConversion& conversion, const Canvas& pixels, const Placement& place) {
     const Placement part = visiblePart(place, pixels);
     for (int y = part.top; y < part.top + part.height; ++y) {
         conversion.convert(pixels.row(y) + part.left, static_cast<std::size_t>(part.width));

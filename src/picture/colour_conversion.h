@@ -49,6 +49,6 @@ class ColourConversion {
 };
 
 /// Converts the part `place` of a picture, as far as it lies inside.
-void convertColours(const ColourConversion& conversion, Pixels& pixels, const Placement& place);
+void convertColours(const ColourConversion& conversion, const Canvas& pixels, const Placement& place);
 
 }  // namespace picture

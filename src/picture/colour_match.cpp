@@ -51,7 +51,7 @@ struct ColourMatch::Pair {
         }
     }
 
-    Road convert(Pixels& pixels, const Placement& place) const {
+    Road convert(const Canvas& pixels, const Placement& place) const {
         if (conversion) {
             convertColours(*conversion, pixels, place);
             return Road::Rule;
@@ -68,7 +68,7 @@ struct ColourMatch::Pair {
 ColourMatch::ColourMatch() = default;
 ColourMatch::~ColourMatch() = default;
 
-ColourMatch::Road ColourMatch::convert(Pixels& pixels, const Placement& place, Bytes pictureProfile,
+ColourMatch::Road ColourMatch::convert(const Canvas& pixels, const Placement& place, Bytes pictureProfile,
                                        Bytes monitorProfile) {
     return find(usable(pictureProfile), usable(monitorProfile))->convert(pixels, place);
 }

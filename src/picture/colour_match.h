@@ -32,7 +32,7 @@ class ColourMatch {
     /// Converts the part `place` of a picture, as far as it lies inside. `pictureProfile` and
     /// `monitorProfile` are the bytes of ICC profiles; empty ones, damaged ones and those for anything but
     /// red, green and blue count as sRGB. Where the system fails the picture stays as it is.
-    Road convert(Pixels& pixels, const Placement& place, std::span<const std::uint8_t> pictureProfile,
+    Road convert(const Canvas& pixels, const Placement& place, std::span<const std::uint8_t> pictureProfile,
                  std::span<const std::uint8_t> monitorProfile);
 
     /// How many pairs are kept.

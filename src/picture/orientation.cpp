@@ -48,7 +48,7 @@ bool exchangesSides(Orientation orientation) {
     return stepsOf(orientation).exchange;
 }
 
-Placement visiblePart(const Placement& placement, const Pixels& surface) {
+Placement visiblePart(const Placement& placement, const Canvas& surface) {
     const int left = std::max(0, placement.left);
     const int top = std::max(0, placement.top);
     const int right = std::min(surface.width, placement.left + placement.width);
@@ -59,7 +59,7 @@ Placement visiblePart(const Placement& placement, const Pixels& surface) {
     return {left, top, right - left, bottom - top};
 }
 
-StoredPart storedPart(Orientation orientation, const Placement& placement, Pixels& surface) {
+StoredPart storedPart(Orientation orientation, const Placement& placement, const Canvas& surface) {
     const Steps steps = stepsOf(orientation);
     StoredPart part;
     part.width = steps.exchange ? placement.height : placement.width;

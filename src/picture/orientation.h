@@ -37,7 +37,7 @@ struct Placement {
 };
 
 /// The part of `placement` that lies on `surface`; empty (width and height 0) when none does.
-Placement visiblePart(const Placement& placement, const Pixels& surface);
+Placement visiblePart(const Placement& placement, const Canvas& surface);
 
 /// Pixels addressed by two steps, so that a picture can be written turned or mirrored at no extra cost:
 /// pixel (x, y) is origin[x * xStep + y * yStep].
@@ -61,6 +61,6 @@ struct StoredPart {
 };
 
 /// `placement` is where the upright picture lies on `surface`.
-StoredPart storedPart(Orientation orientation, const Placement& placement, Pixels& surface);
+StoredPart storedPart(Orientation orientation, const Placement& placement, const Canvas& surface);
 
 }  // namespace picture

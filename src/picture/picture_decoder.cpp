@@ -33,11 +33,15 @@ constexpr std::uint64_t kBudgetBytes = 250'000'000;
 constexpr int kReducedAtLeast = 2;
 /// The surface for a picture and the picture's place on it.
 struct Layout {
-    int surfaceWidth = 0;
-    int surfaceHeight = 0;
+    Canvas surface;
     Placement placement;
 };
+/// Makes the surface where there is none yet.
 using LayoutRule = std::function<Layout(int pictureWidth, int pictureHeight)>;
+
+struct Decoded : LaidPicture {
+    Canvas surface;
+};
 
 [[noreturn]] void failAs(HRESULT code) {
     throw platform::Error("decoding a picture", static_cast<unsigned long>(code));
@@ -82,16 +86,15 @@ void check(const Head& head) {
 /// Scales an opened picture to its place. `prepare` is told the size it is scaled to, before the first row is
 /// read; the picture may then have another size.
 template <typename Picture, typename Prepare>
-DecodedPicture layOut(Picture& picture, Orientation orientation, const LayoutRule& rule,
-                      const Prepare& prepare) {
-    DecodedPicture decoded;
+Decoded layOut(Picture& picture, Orientation orientation, const LayoutRule& rule, const Prepare& prepare) {
+    Decoded decoded;
     decoded.nativeWidth = exchangesSides(orientation) ? picture.height() : picture.width();
     decoded.nativeHeight = exchangesSides(orientation) ? picture.width() : picture.height();
 
     const Layout layout = rule(decoded.nativeWidth, decoded.nativeHeight);
     decoded.placement = layout.placement;
-    decoded.pixels = Pixels(layout.surfaceWidth, layout.surfaceHeight);
-    const StoredPart part = storedPart(orientation, layout.placement, decoded.pixels);
+    decoded.surface = layout.surface;
+    const StoredPart part = storedPart(orientation, layout.placement, layout.surface);
     if (part.visible.width > 0 && part.visible.height > 0) {
         prepare(part.width, part.height);
         scalePicture({{0, 0, picture.width(), picture.height()}, part.width, part.height, part.visible},
@@ -109,7 +112,7 @@ std::unique_ptr<JpegPicture> openJpeg(std::span<const std::uint8_t> bytes) {
     }
 }
 
-DecodedPicture decodeJpeg(JpegPicture& picture, Orientation orientation, const LayoutRule& rule) {
+Decoded decodeJpeg(JpegPicture& picture, Orientation orientation, const LayoutRule& rule) {
     std::optional<DecodeBudget::Share> share;
     try {
         return layOut(picture, orientation, rule, [&](int width, int height) {
@@ -121,7 +124,7 @@ DecodedPicture decodeJpeg(JpegPicture& picture, Orientation orientation, const L
     }
 }
 
-DecodedPicture decodeWithWindows(std::vector<std::uint8_t>& bytes, const Head& head, const LayoutRule& rule) {
+Decoded decodeWithWindows(std::vector<std::uint8_t>& bytes, const Head& head, const LayoutRule& rule) {
     const DecodeBudget::Share share =
         decodeBudget().take(head.size ? decodeBytes(head.size->width, head.size->height)
                                       : std::numeric_limits<std::uint64_t>::max());
@@ -137,7 +140,7 @@ DecodedPicture decodeWithWindows(std::vector<std::uint8_t>& bytes, const Head& h
 }
 
 /// Decodes a file's bytes, which are then of no more use.
-DecodedPicture decodeWhole(std::vector<std::uint8_t>& bytes, const Head& head, const LayoutRule& rule) {
+Decoded decodeWhole(std::vector<std::uint8_t>& bytes, const Head& head, const LayoutRule& rule) {
     check(head);
     if (head.isJpeg) {
         if (const std::unique_ptr<JpegPicture> jpeg = openJpeg(bytes)) {
@@ -152,23 +155,17 @@ std::vector<std::uint8_t> profileOf(std::span<const std::uint8_t> bytes, const H
     return readEmbeddedProfile(bytes, head.profileParts).value_or(std::vector<std::uint8_t>());
 }
 
-DecodedPicture decodeFile(const std::wstring& path, const LayoutRule& rule, const ColourTarget& colours) {
+LaidPicture decodeFile(const std::wstring& path, const LayoutRule& rule, const ColourTarget& colours) {
     constexpr std::size_t kMostBytes = std::size_t{1} << 30;
     std::vector<std::uint8_t> bytes = platform::readFileBytes(path, kMostBytes, 2);
     const Head head = readHead(bytes);
     const auto profile = colours ? profileOf(bytes, head) : std::vector<std::uint8_t>();
-    DecodedPicture decoded = decodeWhole(bytes, head, rule);
+    const Decoded decoded = decodeWhole(bytes, head, rule);
     if (colours) {
-        // The target is smaller than most pictures, and the file's bytes are of no more use.
-        colourMatch().convert(decoded.pixels, decoded.placement, profile, *colours);
+        // The target is smaller than most pictures.
+        colourMatch().convert(decoded.surface, decoded.placement, profile, *colours);
     }
     return decoded;
-}
-
-LayoutRule surfaceLayout(int surfaceWidth, int surfaceHeight, const PlacementRule& rule) {
-    return [surfaceWidth, surfaceHeight, &rule](int width, int height) {
-        return Layout{surfaceWidth, surfaceHeight, rule(width, height)};
-    };
 }
 
 /// Whether two sizes have the same shape, as near as rounding the smaller one allows.
@@ -183,21 +180,40 @@ bool sameTarget(const ColourTarget& one, const ColourTarget& other) {
     return one == other || (one && other && *one == *other);
 }
 
+LaidPicture decodeOnto(const Canvas& surface, const std::wstring& path, const PlacementRule& rule,
+                       const ColourTarget& colours) {
+    return decodeFile(
+        path,
+        [&](int width, int height) {
+            return Layout{surface, rule(width, height)};
+        },
+        colours);
+}
+
 DecodedPicture decodeOntoSurface(const std::wstring& path, int surfaceWidth, int surfaceHeight,
                                  const PlacementRule& rule, const ColourTarget& colours) {
-    return decodeFile(path, surfaceLayout(surfaceWidth, surfaceHeight, rule), colours);
+    Pixels pixels;
+    const LayoutRule onNew = [&](int width, int height) {
+        pixels = Pixels(surfaceWidth, surfaceHeight);
+        return Layout{pixels, rule(width, height)};
+    };
+    const LaidPicture laid = decodeFile(path, onNew, colours);
+    return {laid, std::move(pixels)};
 }
 
 DecodedPicture decodeScaledToFit(const std::wstring& path, int maxWidth, int maxHeight,
                                  const ColourTarget& colours) {
-    const LayoutRule fitting = [maxWidth, maxHeight](int width, int height) {
+    Pixels pixels;
+    const LayoutRule fitting = [&](int width, int height) {
         const double scale =
             std::min({1.0, static_cast<double>(maxWidth) / width, static_cast<double>(maxHeight) / height});
         const int fitWidth = std::clamp(static_cast<int>(std::lround(width * scale)), 1, maxWidth);
         const int fitHeight = std::clamp(static_cast<int>(std::lround(height * scale)), 1, maxHeight);
-        return Layout{fitWidth, fitHeight, {0, 0, fitWidth, fitHeight}};
+        pixels = Pixels(fitWidth, fitHeight);
+        return Layout{pixels, {0, 0, fitWidth, fitHeight}};
     };
-    return decodeFile(path, fitting, colours);
+    const LaidPicture laid = decodeFile(path, fitting, colours);
+    return {laid, std::move(pixels)};
 }
 
 std::optional<DecodedPicture> decodeEmbeddedThumbnail(const std::wstring& path, int surfaceWidth,
@@ -230,15 +246,12 @@ std::optional<DecodedPicture> decodeEmbeddedThumbnail(const std::wstring& path, 
         return std::nullopt;
     }
     try {
-        DecodedPicture decoded = decodeWhole(bytes, thumbnail, [&](int, int) {
-            return Layout{surfaceWidth, surfaceHeight, placement};
-        });
-        decoded.nativeWidth = width;
-        decoded.nativeHeight = height;
+        Pixels pixels(surfaceWidth, surfaceHeight);
+        decodeWhole(bytes, thumbnail, [&](int, int) { return Layout{pixels, placement}; });
         if (colours) {
-            colourMatch().convert(decoded.pixels, decoded.placement, profile, *colours);
+            colourMatch().convert(pixels, placement, profile, *colours);
         }
-        return decoded;
+        return DecodedPicture{{width, height, placement}, std::move(pixels)};
     } catch (const platform::Error&) {
         return std::nullopt;
     }

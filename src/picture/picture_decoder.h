@@ -32,18 +32,27 @@ using ColourTarget = std::shared_ptr<const std::vector<std::uint8_t>>;
 /// Whether two targets give a picture the same colours.
 bool sameTarget(const ColourTarget& one, const ColourTarget& other);
 
-struct DecodedPicture {
+/// A picture that was laid onto a surface.
+struct LaidPicture {
     /// The picture's own size in pixels, upright.
     int nativeWidth = 0;
     int nativeHeight = 0;
     /// Where it lies on the surface, as the rule gave it.
     Placement placement;
+};
+
+struct DecodedPicture : LaidPicture {
     /// The surface: the picture scaled to its place, black beside it.
     Pixels pixels;
 };
 
-/// Decodes the picture, scales it to the place that `rule` gives and lays it on a black surface of that size
-/// (both at least 1). What overhangs the surface costs nothing.
+/// Decodes the picture, scales it to the place that `rule` gives and lays it onto `surface`, which is not
+/// empty and keeps what lies beside the picture. What overhangs the surface costs nothing. When a call fails,
+/// the surface may hold a part of the picture.
+LaidPicture decodeOnto(const Canvas& surface, const std::wstring& path, const PlacementRule& rule,
+                       const ColourTarget& colours = nullptr);
+
+/// The same onto a black surface of that size (both at least 1). What overhangs the surface costs nothing.
 DecodedPicture decodeOntoSurface(const std::wstring& path, int surfaceWidth, int surfaceHeight,
                                  const PlacementRule& rule, const ColourTarget& colours = nullptr);
 

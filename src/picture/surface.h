@@ -29,6 +29,9 @@ class Surface {
     /// Rows from top to bottom, `width` values of 0x00RRGGBB each; finish GDI's own drawing first (GdiFlush).
     std::uint32_t* bits() const { return bits_; }
 
+    /// The whole image to be written to, as bits() is.
+    Canvas canvas() const { return {bits_, width_, height_}; }
+
     void fill(COLORREF colour);
     /// Copies pixels to (left, top); what lies outside the surface is dropped.
     void put(const Pixels& pixels, int left = 0, int top = 0);

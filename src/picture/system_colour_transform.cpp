@@ -83,7 +83,7 @@ bool SystemColourTransform::translate(std::uint32_t* from, std::uint32_t* to, in
                              static_cast<DWORD>(rows), stride, to, BM_xRGBQUADS, stride, nullptr, 0) != FALSE;
 }
 
-bool SystemColourTransform::convert(Pixels& pixels, const Placement& place) {
+bool SystemColourTransform::convert(const Canvas& pixels, const Placement& place) {
     // Rows are handed over without gaps, since Wine takes no notice of the stride, and in bands that stay in
     // the processor's cache. The picture is written to only when all of it is converted.
     constexpr int kBand = 32;

@@ -26,7 +26,7 @@ class SystemColourTransform {
 
     /// Converts the part `place` of a picture, as far as it lies inside. False where the system fails; the
     /// picture is as it was then.
-    bool convert(Pixels& pixels, const Placement& place);
+    bool convert(const Canvas& pixels, const Placement& place);
 
   private:
     SystemColourTransform(const ColourSystem& system, HTRANSFORM transform);

@@ -119,6 +119,12 @@ std::optional<ShowPicture> PictureAhead::take(const std::wstring& path) {
     return picture;
 }
 
+bool PictureAhead::ready(const std::wstring& path) {
+    const std::lock_guard lock(mutex_);
+    const auto job = find(path);
+    return job != jobs_.end() && job->done && job->picture;
+}
+
 bool PictureAhead::idle() {
     const std::lock_guard lock(mutex_);
     return !decoding_ && nextJob() == jobs_.end();
@@ -153,12 +159,13 @@ void PictureAhead::decode(std::unique_lock<std::mutex>& lock, int number, const 
             const PixelRect place = fitPicture(width, height, surface.width, surface.height, surface.shape);
             return picture::Placement{place.left, place.top, place.width, place.height};
         };
-        const auto decoded =
-            picture::decodeOntoSurface(path, surface.width, surface.height, fit, surface.colours);
-        // What the window thread would have to copy in the step itself.
-        picture = ShowPicture{decoded.nativeWidth, decoded.nativeHeight,
-                              picture::Surface(surface.width, surface.height)};
-        picture->surface.put(decoded.pixels);
+        // Onto what the window thread only has to take in the step itself.
+        ShowPicture made{0, 0, picture::Surface(surface.width, surface.height)};
+        const picture::LaidPicture laid =
+            picture::decodeOnto(made.surface.canvas(), path, fit, surface.colours);
+        made.nativeWidth = laid.nativeWidth;
+        made.nativeHeight = laid.nativeHeight;
+        picture = std::move(made);
     } catch (const std::exception&) {
         // No picture: the show passes over it.
     }

@@ -25,6 +25,7 @@ class PictureAhead : public PictureSource {
 
     void setSurface(const ShowSurface& surface) override;
     std::optional<ShowPicture> take(const std::wstring& path) override;
+    bool ready(const std::wstring& path) override;
     void prepare(const std::vector<std::wstring>& paths) override;
 
     /// Whether nothing is left to decode; for tests and benchmarks.

@@ -42,6 +42,8 @@ class PictureSource {
     virtual void setSurface(const ShowSurface& surface) = 0;
     /// The picture of a file, as soon as it is there; none when it cannot be loaded.
     virtual std::optional<ShowPicture> take(const std::wstring& path) = 0;
+    /// Whether take() would have it without waiting.
+    virtual bool ready(const std::wstring& path) = 0;
     /// The files that will be wanted next, the most urgent first. Others that were prepared are forgotten.
     virtual void prepare(const std::vector<std::wstring>& paths) = 0;
 };

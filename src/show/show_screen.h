@@ -16,8 +16,11 @@ class ShowScreen {
     virtual bool inSetup() const = 0;
     /// Moves the window so that it opens on a monitor to the right of the primary one.
     virtual void moveToSecondScreen() = 0;
-    /// Hides the set-up controls, drops the rounded region, turns black and fills the monitor that the window
-    /// is on, to the pixel. From now on the pointer over it is the show's own.
+    /// Hides the set-up controls, drops the rounded region and turns black. From now on the pointer over it
+    /// is the show's own. Returns whether it stands like that on the screen, and not hidden or behind a
+    /// curtain.
+    virtual bool leaveSetup() = 0;
+    /// Fills the monitor that the window is on, to the pixel, and paints it.
     virtual void takeOver() = 0;
     /// Brings a window that was not on the screen before onto it, with what it shows by now.
     virtual void uncover() = 0;

@@ -53,15 +53,19 @@ void Slideshow::start() {
         parts_.engines.music.musicFolder += L'\\';
     }
     parts_.stage.Text1.hide();
+    std::optional<SIZE> first;
     if (parts_.screen.inSetup()) {
         parts_.state.pictureIndex = startIndex(parts_.choices.File1.selectedIndex());
+        if (parts_.screen.leaveSetup()) {
+            first = putFirst();
+        }
     }
     parts_.screen.takeOver();
     parts_.loop.doEvents();
     SetCursorPos(0, 0);
     takeSurface();
     end_.begin();
-    showFirst();
+    showFirst(first);
     if (surfaceChanged_) {
         parts_.screen.takeOver();
         fitSurface();
@@ -140,12 +144,33 @@ void Slideshow::fitItem() {
     }
 }
 
-void Slideshow::showFirst() {
-    const SIZE size = parts_.screen.size();
-    parts_.state.currentPicture = pathOf(parts_.state.pictureIndex);
+// A first picture that is decoded already comes with the window's growth, and not after one in black.
+// Returns the picture's own size.
+std::optional<SIZE> Slideshow::putFirst() {
+    const std::wstring path = pathOf(parts_.state.pictureIndex);
+    const ShowSurface surface = parts_.screen.surface();
+    parts_.pictures.setSurface(surface);
+    if (files::isVideoName(path) || !parts_.pictures.ready(path)) {
+        return std::nullopt;
+    }
+    auto picture = parts_.pictures.take(path);
+    if (!picture) {
+        return std::nullopt;
+    }
+    parts_.stage.Pic2.setImage(std::move(picture->surface));
+    parts_.stage.Pic2.movePixels(0, 0, surface.width, surface.height);
+    parts_.stage.Pic2.show();
+    return SIZE{picture->nativeWidth, picture->nativeHeight};
+}
+
+/// The first item onto the surface, unless its picture stands there already with that own size. False when it
+/// cannot be loaded.
+bool Slideshow::loadFirst(const std::optional<SIZE>& standing) {
+    if (standing) {
+        parts_.stage.Pic1.movePixels(0, 0, standing->cx, standing->cy);
+        return true;
+    }
     parts_.stage.Pic2.clear();
-    parts_.stage.Pic3.clear();
-    bool loaded = true;
     if (files::isVideoName(parts_.state.currentPicture)) {
         parts_.stage.Pic2.show();
         parts_.screen.uncover();
@@ -156,12 +181,21 @@ void Slideshow::showFirst() {
         if (parts_.choices.MUTE.value() == 1) {
             parts_.engines.video.RampToVideo();
         }
-    } else if (auto picture = parts_.pictures.take(parts_.state.currentPicture)) {
-        parts_.stage.Pic1.movePixels(0, 0, picture->nativeWidth, picture->nativeHeight);
-        parts_.stage.Pic2.setImage(std::move(picture->surface));
-    } else {
-        loaded = false;
+        return true;
     }
+    auto picture = parts_.pictures.take(parts_.state.currentPicture);
+    if (!picture) {
+        return false;
+    }
+    parts_.stage.Pic1.movePixels(0, 0, picture->nativeWidth, picture->nativeHeight);
+    parts_.stage.Pic2.setImage(std::move(picture->surface));
+    return true;
+}
+
+void Slideshow::showFirst(const std::optional<SIZE>& standing) {
+    parts_.state.currentPicture = pathOf(parts_.state.pictureIndex);
+    parts_.stage.Pic3.clear();
+    const bool loaded = loadFirst(standing);
     if (onStarted) {
         onStarted();
     }
@@ -177,7 +211,8 @@ void Slideshow::showFirst() {
     parts_.engines.captions.updateInformation(parts_.engines.runner.currentEffect);
     parts_.stage.Pic2.setFocus();
     if (parts_.choices.Screen2.value() == 1) {
-        const ScreenPoint place = secondScreenPointer(parts_.screen.rectangle().left, size.cy);
+        const ScreenPoint place =
+            secondScreenPointer(parts_.screen.rectangle().left, parts_.screen.size().cy);
         SetCursorPos(place.x, place.y);
     }
     parts_.engines.player.start();

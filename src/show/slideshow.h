@@ -73,7 +73,9 @@ class Slideshow {
     void fitSurface();
     void fitItem();
     void cancelQuickStep();
-    void showFirst();
+    std::optional<SIZE> putFirst();
+    bool loadFirst(const std::optional<SIZE>& standing);
+    void showFirst(const std::optional<SIZE>& standing);
     void showVideo();
     void showPicture();
     void passOver();

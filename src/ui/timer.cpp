@@ -6,7 +6,7 @@ namespace ui {
 
 namespace {
 
-constexpr double kPacedPeriods = 3;
+constexpr double kPacedPeriods = 4;
 
 }  // namespace
 
@@ -37,10 +37,11 @@ void Timer::startPeriod() {
     if (running()) {
         due_ = loop_.now() + interval_;
         if (pacing_ == Pacing::FromTick && lastTick_ >= 0) {
-            // Within a few periods of the last tick this is the next step of one piece of work.
+            // Within a few periods of the last tick this is the next step of one piece of work. Where that
+            // took longer than a period, the next one is due already and catches up.
             const double elapsed = loop_.now() - lastTick_;
             if (elapsed < kPacedPeriods * interval_) {
-                due_ = std::max(lastTick_ + interval_, loop_.now());
+                due_ = lastTick_ + interval_;
             }
         }
     }
@@ -50,7 +51,7 @@ void Timer::startPeriod() {
 void Timer::fire() noexcept {
     // A paced tick counts from when it was due, or the lateness of each tick would add up.
     const double now = loop_.now();
-    lastTick_ = now - due_ < interval_ ? due_ : now;
+    lastTick_ = std::max(due_, now - interval_);
     due_ += interval_;
     firing_ = true;
     loop_.guarded([this] {

@@ -14,7 +14,8 @@ namespace ui {
 class Timer {
   public:
     /// `Pacing::FromTick` is for a timer that its user restarts after a piece of work: the new period counts
-    /// from the tick before, so that the work does not stretch the pace. It never makes up for lost periods.
+    /// from the tick before, so that the work does not stretch the pace. Of work that now and then takes
+    /// longer than a period the next ones make up one period; a halt begins a new one.
     enum class Pacing { FromStart, FromTick };
 
     explicit Timer(EventLoop& loop, int interval = 0, Pacing pacing = Pacing::FromStart);

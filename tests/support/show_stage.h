@@ -43,6 +43,7 @@ class FakePictures : public show::PictureSource {
         picture.surface.fill(RGB(colour >> 16 & 0xFF, colour >> 8 & 0xFF, colour & 0xFF));
         return picture;
     }
+    bool ready(const std::wstring& path) override { return decoded.count(path) != 0; }
     void prepare(const std::vector<std::wstring>& paths) override { prepared = paths; }
 
     /// A colour that no other name of the tests has.
@@ -55,6 +56,8 @@ class FakePictures : public show::PictureSource {
     }
 
     std::set<std::wstring> damaged;
+    /// Paths of what needs not be waited for.
+    std::set<std::wstring> decoded;
     std::vector<std::wstring> taken;
     /// The last one that was no damaged one.
     std::wstring lastLoaded;
@@ -71,7 +74,13 @@ class FakeScreen : public show::ShowScreen {
   public:
     bool inSetup() const override { return !tookOver; }
     void moveToSecondScreen() override { movedToSecond = true; }
-    void takeOver() override { tookOver = true; }
+    bool leaveSetup() override { return onScreen; }
+    void takeOver() override {
+        tookOver = true;
+        if (onTakeOver) {
+            onTakeOver();
+        }
+    }
     void uncover() override {}
     SIZE size() const override { return {160, 120}; }
     void arrange() override { arranged = true; }
@@ -79,7 +88,9 @@ class FakeScreen : public show::ShowScreen {
     ui::Pointer& pointer() override { return pointer_; }
     RECT rectangle() const override { return {0, 0, 160, 120}; }
 
+    bool onScreen = true;
     bool tookOver = false;
+    std::function<void()> onTakeOver;
     bool movedToSecond = false;
     bool arranged = false;
 

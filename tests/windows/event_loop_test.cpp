@@ -106,7 +106,8 @@ TEST(Timer, NeverFiresIntoItself) {
     EXPECT_LE(fired, 3) << "what fell due meanwhile fires once";
 }
 
-TEST(Timer, PacedTimerCountsFromTheTick) {
+/// How long 100 paced steps of 10 ms take, step i working for `work(i)` ms.
+double pacedSteps(const std::function<int(int)>& work) {
     VirtualLoop loop;
     Timer timer(loop, 10, Timer::Pacing::FromTick);
     timer.onTimer = [&] { timer.setEnabled(false); };
@@ -116,10 +117,20 @@ TEST(Timer, PacedTimerCountsFromTheTick) {
         while (timer.enabled()) {
             loop.waitEvents();
         }
-        loop.sleep(4);
+        loop.sleep(work(i));
         timer.restart();
     }
-    EXPECT_NEAR(loop.now() - start, 1000, 10);
+    return loop.now() - start;
+}
+
+TEST(Timer, PacedTimerCountsFromTheTick) {
+    EXPECT_NEAR(pacedSteps([](int) { return 4; }), 1000, 10);
+}
+
+TEST(Timer, PacedTimerCatchesUpWithALongStepButNotWithAHalt) {
+    EXPECT_NEAR(pacedSteps([](int i) { return i % 4 == 0 ? 18 : 4; }), 1000, 20);
+    EXPECT_NEAR(pacedSteps([](int i) { return i == 50 ? 300 : 4; }), 1290, 20) << "no rush after it";
+    EXPECT_NEAR(pacedSteps([](int) { return 12; }), 1200, 40) << "as fast as the work goes";
 }
 
 TEST(WindowsLoop, PacedTimerKeepsTenMilliseconds) {

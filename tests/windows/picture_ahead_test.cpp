@@ -63,6 +63,20 @@ TEST_F(PictureAheadTest, APictureIsThereAtOnceOrWhenItIsDecoded) {
     }
 }
 
+TEST_F(PictureAheadTest, IsReadyOnceItIsDecodedForTheSurface) {
+    const std::wstring good = picture(L"1.jpg", kGreen);
+    const std::wstring bad = folder / L"2.jpg";
+    support::writeBytes(bad, {'x'});
+    EXPECT_FALSE(ahead.ready(good));
+    ahead.prepare({good, bad});
+    waitUntilIdle();
+    EXPECT_TRUE(ahead.ready(good));
+    EXPECT_FALSE(ahead.ready(bad));
+    ahead.setSurface({kWidth / 2, kHeight / 2});
+    ahead.prepare({});
+    EXPECT_FALSE(ahead.ready(good));
+}
+
 TEST_F(PictureAheadTest, AFileReplacedMeanwhileIsDecodedAnew) {
     const std::wstring path = picture(L"1.jpg", kGreen);
     ahead.prepare({path});

@@ -31,6 +31,62 @@ TEST(SlideshowStart, ShowsTheSelectedPictureByHand) {
     EXPECT_EQ(stage.state.pictureIndex, 1) << "the show waits for a key";
 }
 
+/// What the surface shows at the moment at which the window fills the monitor.
+struct AtGrowth {
+    bool visible = false;
+    std::uint32_t colour = 0;
+    RECT place{};
+};
+
+AtGrowth startAndLook(ShowStage& stage) {
+    AtGrowth seen;
+    stage.screen.onTakeOver = [&] {
+        seen.visible = IsWindowVisible(stage.Pic2.hwnd()) != FALSE;
+        seen.colour = stage.Pic2.image().empty() ? 0 : stage.shown();
+        GetClientRect(stage.Pic2.hwnd(), &seen.place);
+    };
+    stage.form.show();
+    stage.Pic2.hide();
+    stage.show.start();
+    return seen;
+}
+
+TEST(SlideshowStart, APictureThatIsDecodedComesWithTheWindowsGrowth) {
+    ShowStage stage(kThree);
+    stage.pictures.decoded = {stage.pathOf(L"a1.jpg")};
+    const AtGrowth seen = startAndLook(stage);
+    EXPECT_TRUE(seen.visible);
+    EXPECT_EQ(seen.colour, FakePictures::colourOf(L"a1.jpg"));
+    EXPECT_EQ(seen.place.right, 160);
+    EXPECT_EQ(seen.place.bottom, 120);
+    EXPECT_THAT(stage.pictures.taken, testing::ElementsAre(stage.pathOf(L"a1.jpg")));
+    EXPECT_EQ(stage.Pic1.clientSize().cx, 400) << "its own size";
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"a1.jpg"));
+}
+
+TEST(SlideshowStart, OtherwiseTheWindowGrowsBlack) {
+    for (const bool onScreen : {true, false}) {
+        SCOPED_TRACE(onScreen);
+        ShowStage stage(kThree);
+        // Decoded, but behind a curtain that has the picture; or not decoded yet.
+        stage.screen.onScreen = onScreen;
+        if (!onScreen) {
+            stage.pictures.decoded = {stage.pathOf(L"a1.jpg")};
+        }
+        EXPECT_FALSE(startAndLook(stage).visible);
+        EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"a1.jpg"));
+    }
+}
+
+TEST(SlideshowStart, APictureThatGoesAtTheLastMomentIsPassedOver) {
+    ShowStage stage(kThree);
+    stage.pictures.decoded = {stage.pathOf(L"a1.jpg")};
+    stage.pictures.damaged = {L"a1.jpg"};
+    EXPECT_FALSE(startAndLook(stage).visible);
+    stage.loop.advance(1'000);
+    EXPECT_EQ(stage.shown(), FakePictures::colourOf(L"b2.jpg"));
+}
+
 TEST(SlideshowStart, BeginsAtTheFirstWithoutASelection) {
     ShowStage stage(kThree);
     stage.show.start();
