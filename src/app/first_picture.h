@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/parameter_text.h"
@@ -29,6 +30,7 @@ class FirstPicture : public show::PictureSource {
     std::optional<show::ShowPicture> take(const std::wstring& path) override;
     bool ready(const std::wstring& path) override;
     void prepare(const std::vector<std::wstring>& paths) override;
+    void giveBack(picture::Surface surface) override { pictures_.giveBack(std::move(surface)); }
 
   private:
     void begin(const std::wstring& folder, int index);

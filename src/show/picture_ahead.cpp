@@ -13,6 +13,8 @@ namespace {
 
 /// How long the next decode waits after a picture was taken, so that the two do not share the memory's speed.
 constexpr std::chrono::milliseconds kRest(50);
+/// More surfaces than a step can leave: the one shown before it, and one that was prepared for nothing.
+constexpr std::size_t kMostSpares = 3;
 
 }  // namespace
 
@@ -83,8 +85,35 @@ void PictureAhead::prepare(const std::vector<std::wstring>& paths) {
             wanted.push_back(newJob(path));
         }
     }
+    for (Job& forgotten : jobs_) {
+        if (forgotten.picture) {
+            keepSpare(std::move(forgotten.picture->surface));
+        }
+    }
     jobs_ = std::move(wanted);
     changed_.notify_all();
+}
+
+void PictureAhead::giveBack(picture::Surface surface) {
+    const std::lock_guard lock(mutex_);
+    keepSpare(std::move(surface));
+}
+
+void PictureAhead::keepSpare(picture::Surface surface) {
+    if (!surface.empty() && spares_.size() < kMostSpares) {
+        spares_.push_back(std::move(surface));
+    }
+}
+
+/// One of the spares where it fits, else a new one. The rest of them ends here, on the thread that decodes.
+picture::Surface PictureAhead::blackSurface(std::vector<picture::Surface> spares, int width, int height) {
+    for (picture::Surface& spare : spares) {
+        if (spare.width() == width && spare.height() == height) {
+            spare.fill(RGB(0, 0, 0));
+            return std::move(spare);
+        }
+    }
+    return {width, height};
 }
 
 void PictureAhead::waitFor(std::unique_lock<std::mutex>& lock, const Job& job) {
@@ -150,6 +179,7 @@ void PictureAhead::work() {
 void PictureAhead::decode(std::unique_lock<std::mutex>& lock, int number, const std::wstring& path) {
     const int surfaceNumber = surfaceNumber_;
     const ShowSurface surface = surface_;
+    std::vector<picture::Surface> spares = std::exchange(spares_, {});
     decoding_ = true;
     lock.unlock();
     const FileStamp stamp = stampOf(path);
@@ -160,7 +190,7 @@ void PictureAhead::decode(std::unique_lock<std::mutex>& lock, int number, const 
             return picture::Placement{place.left, place.top, place.width, place.height};
         };
         // Onto what the window thread only has to take in the step itself.
-        ShowPicture made{0, 0, picture::Surface(surface.width, surface.height)};
+        ShowPicture made{0, 0, blackSurface(std::move(spares), surface.width, surface.height)};
         const picture::LaidPicture laid =
             picture::decodeOnto(made.surface.canvas(), path, fit, surface.colours);
         made.nativeWidth = laid.nativeWidth;

@@ -8,6 +8,7 @@
 #include <list>
 #include <mutex>
 #include <thread>
+#include <vector>
 
 #include "show/picture_source.h"
 
@@ -27,6 +28,7 @@ class PictureAhead : public PictureSource {
     std::optional<ShowPicture> take(const std::wstring& path) override;
     bool ready(const std::wstring& path) override;
     void prepare(const std::vector<std::wstring>& paths) override;
+    void giveBack(picture::Surface surface) override;
 
     /// Whether nothing is left to decode; for tests and benchmarks.
     bool idle();
@@ -56,11 +58,15 @@ class PictureAhead : public PictureSource {
     Jobs::iterator nextJob();
     Job newJob(const std::wstring& path);
     void waitFor(std::unique_lock<std::mutex>& lock, const Job& job);
+    void keepSpare(picture::Surface surface);
+    static picture::Surface blackSurface(std::vector<picture::Surface> spares, int width, int height);
     void decode(std::unique_lock<std::mutex>& lock, int number, const std::wstring& path);
 
     std::mutex mutex_;
     std::condition_variable changed_;
     Jobs jobs_;
+    /// Surfaces of pictures that are not wanted any more. The thread uses one again and ends the others.
+    std::vector<picture::Surface> spares_;
     int lastNumber_ = 0;
     ShowSurface surface_;
     /// Counts changes of the surface: what was begun before one is thrown away.

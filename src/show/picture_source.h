@@ -46,6 +46,9 @@ class PictureSource {
     virtual bool ready(const std::wstring& path) = 0;
     /// The files that will be wanted next, the most urgent first. Others that were prepared are forgotten.
     virtual void prepare(const std::vector<std::wstring>& paths) = 0;
+    /// Takes a surface that nobody shows any more: a later picture is laid onto it. To give its memory back
+    /// to the system takes longer than all else that a step does beside painting.
+    virtual void giveBack(picture::Surface surface) = 0;
 };
 
 }  // namespace show

@@ -375,7 +375,7 @@ void Slideshow::showPicture() {
     backFrom_.reset();
     parts_.engines.captions.end();
     parts_.stage.Pic1.movePixels(0, 0, picture->nativeWidth, picture->nativeHeight);
-    parts_.stage.Pic3.setImage(std::move(picture->surface));
+    parts_.pictures.giveBack(parts_.stage.Pic3.setImage(std::move(picture->surface)));
     prepareNeighbours();
     parts_.engines.runner.run(
         [this] { parts_.engines.captions.updateInformation(parts_.engines.runner.currentEffect); });

@@ -10,9 +10,10 @@ PictureBox::PictureBox(const CreateArgs& args) : Control(args) {
     created();
 }
 
-void PictureBox::setImage(picture::Surface image) {
-    image_ = std::move(image);
+picture::Surface PictureBox::setImage(picture::Surface image) {
+    std::swap(image_, image);
     repaint();
+    return image;
 }
 
 void PictureBox::setImage(const picture::Pixels& pixels) {

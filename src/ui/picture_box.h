@@ -19,7 +19,8 @@ class PictureBox : public Control {
     const picture::Surface& image() const { return image_; }
     picture::Surface& image() { return image_; }
     /// Takes an image of any size and repaints.
-    void setImage(picture::Surface image);
+    /// Returns the image that was there.
+    picture::Surface setImage(picture::Surface image);
     void setImage(const picture::Pixels& pixels);
     /// Gives the image the size of the box, black.
     void clear();

@@ -117,6 +117,46 @@ TEST_F(PictureAheadTest, AnotherSurfaceDecodesAgain) {
     EXPECT_TRUE(shows(*taken, kGreen));
 }
 
+TEST_F(PictureAheadTest, WhatIsGivenBackIsUsedAgainAndBlackBeforeThat) {
+    const std::wstring upright = folder / L"1.jpg";
+    support::writePicture(upright, support::PictureKind::Jpeg, 300, 400, [](int, int) { return kGreen; });
+    picture::Surface used(kWidth, kHeight);
+    used.fill(RGB(255, 0, 0));
+    const std::uint32_t* bits = used.bits();
+    ahead.giveBack(std::move(used));
+    const auto taken = ahead.take(upright);
+    ASSERT_TRUE(taken);
+    EXPECT_EQ(taken->surface.bits(), bits);
+    EXPECT_TRUE(shows(*taken, kGreen));
+    EXPECT_EQ(taken->surface.bits()[0] & 0xFFFFFFU, 0U) << "beside the picture";
+}
+
+TEST_F(PictureAheadTest, OfAPictureThatIsNotWantedAnyMoreTheSurfaceIsUsedAgain) {
+    ahead.prepare({picture(L"1.jpg", kGreen), picture(L"2.jpg", kBlue)});
+    waitUntilIdle();
+    const auto first = ahead.take(folder / L"1.jpg");
+    ASSERT_TRUE(first);
+    ahead.prepare({});
+    picture(L"3.jpg", kGreen);
+    for (int i = 0; i < 5; ++i) {
+        auto taken = ahead.take(folder / L"3.jpg");
+        ASSERT_TRUE(taken);
+        EXPECT_NE(taken->surface.bits(), first->surface.bits());
+        EXPECT_TRUE(shows(*taken, kGreen));
+        ahead.giveBack(std::move(taken->surface));
+    }
+}
+
+TEST_F(PictureAheadTest, SurfacesOfAnotherSizeAreNotUsedAgain) {
+    const std::wstring path = picture(L"1.jpg", kGreen);
+    ahead.giveBack(picture::Surface(kHeight, kWidth));
+    ahead.giveBack(picture::Surface());
+    const auto taken = ahead.take(path);
+    ASSERT_TRUE(taken);
+    EXPECT_EQ(taken->surface.width(), kWidth);
+    EXPECT_TRUE(shows(*taken, kGreen));
+}
+
 TEST_F(PictureAheadTest, EndsInTheMiddleOfItsWork) {
     std::vector<std::wstring> paths;
     for (int i = 0; i < 5; ++i) {

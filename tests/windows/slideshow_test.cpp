@@ -109,6 +109,18 @@ TEST(SlideshowStart, SecondScreenMovesTheWindowFirst) {
     EXPECT_TRUE(stage.screen.movedToSecond);
 }
 
+TEST(SlideshowStep, GivesBackTheSurfaceThatWasShownBefore) {
+    ShowStage stage(kThree);
+    stage.Check1.setValue(0);
+    stage.show.start();
+    stage.type(L' ');
+    stage.loop.advance(60'000);
+    ASSERT_EQ(stage.shown(), FakePictures::colourOf(L"c3.jpg"));
+    ASSERT_GE(stage.pictures.givenBack.size(), 2U);
+    const picture::Surface& last = stage.pictures.givenBack.back();
+    EXPECT_EQ(last.bits()[60 * 160 + 80] & 0xFFFFFFU, FakePictures::colourOf(L"a1.jpg"));
+}
+
 TEST(SlideshowStart, FirstPicturesMusicRequestDoesNotAct) {
     ShowStage stage(kThree);
     stage.Musik.setValue(1);

@@ -30,6 +30,7 @@ class NotedPictures : public show::PictureSource {
         }
         return show::ShowPicture{400, 300, picture::Surface(surface.width, surface.height)};
     }
+    void giveBack(picture::Surface) override {}
     bool ready(const std::wstring&) override { return decoded; }
     void prepare(const std::vector<std::wstring>& paths) override { prepared = paths; }
 
