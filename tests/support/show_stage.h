@@ -45,7 +45,7 @@ class FakePictures : public show::PictureSource {
     }
     bool ready(const std::wstring& path) override { return decoded.count(path) != 0; }
     void prepare(const std::vector<std::wstring>& paths) override { prepared = paths; }
-    void giveBack(picture::Surface surface) override { givenBack.push_back(std::move(surface)); }
+    void giveBack(picture::Surface surface) override { givenBack = std::move(surface); }
 
     /// A colour that no other name of the tests has.
     static std::uint32_t colourOf(const std::wstring& path) {
@@ -64,7 +64,8 @@ class FakePictures : public show::PictureSource {
     std::wstring lastLoaded;
     std::function<void()> onTake;
     std::vector<std::wstring> prepared;
-    std::vector<picture::Surface> givenBack;
+    /// The last one.
+    picture::Surface givenBack;
 
   private:
     int width_ = 0;
