@@ -49,13 +49,14 @@ void TransitionRunner::run(const std::function<void()>& chosen) {
     if (plan.paced) {
         parts_.Timer2.restart();
     }
+    bool covered = false;
     if (plan.family == EffectFamily::Overlay && plan.paced) {
         // A single step covers the whole surface, and finish() does the same with half the painting.
-        runOverlay(plan, width, height);
+        covered = runOverlay(plan, width, height);
     } else if (plan.family == EffectFamily::Copy) {
         runCopies(plan, width, height);
     }
-    finish();
+    finish(covered);
     currentEffect = effectAfter(currentEffect);
 }
 
@@ -66,8 +67,12 @@ bool TransitionRunner::waitForStep(const EffectPlan& plan) {
     return !completing_;
 }
 
-void TransitionRunner::runOverlay(const EffectPlan& plan, int width, int height) {
-    for (int i = 0; i < plan.stepCount && waitForStep(plan); ++i) {
+/// Whether all steps were made: the last one covers the whole surface with the new picture.
+bool TransitionRunner::runOverlay(const EffectPlan& plan, int width, int height) {
+    for (int i = 0; i < plan.stepCount; ++i) {
+        if (!waitForStep(plan)) {
+            return false;
+        }
         const OverlayStep step = overlayStep(currentEffect, i, width, height);
         if (step.picture == OverlayPicture::Exchange) {
             // Pic3 covers the surface with the old picture before Pic2 repaints with the new one.
@@ -85,6 +90,7 @@ void TransitionRunner::runOverlay(const EffectPlan& plan, int width, int height)
             parts_.Timer2.restart();
         }
     }
+    return true;
 }
 
 void TransitionRunner::place(const OverlayStep& step) {
@@ -148,8 +154,9 @@ void TransitionRunner::catchUp(const EffectPlan& plan) {
 }
 
 // The images change owners instead of being copied; the surface is painted while Pic3 still covers it or
-// equals it, so nothing of the old picture comes up again.
-void TransitionRunner::finish() {
+// equals it, so nothing of the old picture comes up again. Where the screen shows all of the new picture it
+// is not painted a second time.
+void TransitionRunner::finish(bool covered) {
     parts_.Timer2.setEnabled(false);
     parts_.Timer2.setInterval(kStepInterval);
     half_ = {};
@@ -158,8 +165,12 @@ void TransitionRunner::finish() {
     }
     parts_.Pic2.setAutoRedraw(true);
     parts_.Pic2.show();
-    parts_.Pic2.paintNow();
-    parts_.Pic3.hide();
+    if (covered) {
+        parts_.Pic3.hideUnpainted();
+    } else {
+        parts_.Pic2.paintNow();
+        parts_.Pic3.hide();
+    }
     UpdateWindow(parts_.Pic2.hwnd());
 }
 

@@ -37,7 +37,7 @@ class TransitionRunner {
     bool running() const { return running_; }
 
   private:
-    void runOverlay(const EffectPlan& plan, int width, int height);
+    bool runOverlay(const EffectPlan& plan, int width, int height);
     void runCopies(const EffectPlan& plan, int width, int height);
     void place(const OverlayStep& step);
     /// Draws the copies of `step` onto `target`, which looks like Pic2.
@@ -46,7 +46,7 @@ class TransitionRunner {
     void catchUp(const EffectPlan& plan);
     /// Waits for Timer2; false when the transition is to end now.
     bool waitForStep(const EffectPlan& plan);
-    void finish();
+    void finish(bool covered);
 
     Parts parts_;
     bool running_ = false;

@@ -63,6 +63,12 @@ void Control::setVisible(bool visible) {
     }
 }
 
+void Control::hideUnpainted() {
+    visible_ = false;
+    SetWindowPos(hwnd(), nullptr, 0, 0, 0, 0,
+                 SWP_HIDEWINDOW | SWP_NOREDRAW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void Control::reveal() {
     if (visible_) {
         ShowWindow(hwnd(), SW_SHOWNA);

@@ -43,6 +43,8 @@ class Control : public Window {
     void setVisible(bool visible);
     void show() { setVisible(true); }
     void hide() { setVisible(false); }
+    /// Hides it where what lies below it looks the same: nothing is painted.
+    void hideUnpainted();
     bool enabled() const;
     /// A control that had the focus when it was disabled gets it back, unless it went elsewhere meanwhile.
     void setEnabled(bool enabled);

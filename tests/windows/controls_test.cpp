@@ -8,6 +8,7 @@
 #include "ui/label.h"
 #include "ui/line.h"
 #include "ui/option_button.h"
+#include "ui/picture_box.h"
 #include "ui/progress_bar.h"
 #include "ui/scroll_bar.h"
 #include "ui/text_box.h"
@@ -23,6 +24,26 @@ COLORREF pixelOf(const Control& control, int x, int y) {
     UpdateWindow(control.hwnd());
     const platform::WindowDc dc(control.hwnd());
     return GetPixel(dc.get(), x, y);
+}
+
+TEST(Control, HiddenUnpaintedItLeavesWhatLiesBelowAsItIs) {
+    TestForm test;
+    PictureBox above(test.args(1));
+    PictureBox below(test.args(2));
+    for (PictureBox* box : {&above, &below}) {
+        box->movePixels(0, 0, 40, 30);
+    }
+    test.form.show();
+    const auto unpainted = [&](bool painting) {
+        above.show();
+        test.loop.settle();
+        painting ? above.hide() : above.hideUnpainted();
+        EXPECT_FALSE(above.visible());
+        EXPECT_EQ(IsWindowVisible(above.hwnd()), FALSE);
+        return GetUpdateRect(below.hwnd(), nullptr, FALSE) != FALSE;
+    };
+    EXPECT_TRUE(unpainted(true));
+    EXPECT_FALSE(unpainted(false));
 }
 
 TEST(Label, ShowsItsTextOnTheCardBehindAndLetsThePointerThrough) {
