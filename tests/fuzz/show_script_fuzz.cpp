@@ -20,9 +20,7 @@ void checkEntry(const std::wstring& text, const std::wstring& key) {
     check(entry.effect.size() <= 1);
     check(script::pauseMilliseconds(entry.pause) >= 0);
     check(script::effectNumberOf(entry.effect).has_value() == !entry.effect.empty());
-    if (const auto pathKey = script::PictureKey(key)) {
-        check(pathKey->find_first_of(L".\\") == std::wstring::npos);
-    }
+    check(script::PictureKey(key).find_first_of(L".\\") == std::wstring::npos);
 }
 
 void checkLines(const std::wstring& text) {
