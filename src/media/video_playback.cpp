@@ -131,7 +131,7 @@ void VideoPlayback::CaptureLastFrameAndClose() {
 }
 
 void VideoPlayback::ramp(RampStep (*stepOf)(int, int), int musicVolume, int pauseMs) {
-    // Nothing is painted while it runs: neither a film's first frame nor its title may wait for its end.
+    // Nothing is painted while it runs; a title that has just come up would wait for its end.
     RedrawWindow(GetAncestor(parts_.stage.Pic2.hwnd(), GA_ROOT), nullptr, nullptr,
                  RDW_UPDATENOW | RDW_ALLCHILDREN);
     const double start = parts_.loop.now();

@@ -10,6 +10,12 @@
 
 namespace support {
 
+inline void expectPlace(const ui::Form& form, const RECT& place) {
+    const RECT window = windowOf(form.hwnd());
+    EXPECT_TRUE(EqualRect(&window, &place))
+        << window.left << ' ' << window.top << ' ' << window.right << ' ' << window.bottom;
+}
+
 /// A folder with a red and a green picture of 400 x 300, and a monitor of 640 x 480 that can change.
 class ScreenTest : public testing::Test {
   protected:
@@ -45,9 +51,7 @@ class ScreenTest : public testing::Test {
                           [](std::uint32_t pixel) { return (pixel & 0xFFFFFF) == 0x00FFFF; }));
     }
     void expectSurface(const RECT& monitor) {
-        const RECT window = windowOf(form().hwnd());
-        EXPECT_TRUE(EqualRect(&window, &monitor))
-            << window.left << ' ' << window.top << ' ' << window.right << ' ' << window.bottom;
+        expectPlace(form(), monitor);
         const int width = monitor.right - monitor.left;
         const int height = monitor.bottom - monitor.top;
         EXPECT_EQ(stage.showState().screenWidth, width);

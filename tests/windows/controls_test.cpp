@@ -13,6 +13,7 @@
 #include "ui/scroll_bar.h"
 #include "ui/text_box.h"
 #include "ui/theme.h"
+#include "ui/without_redraw.h"
 
 namespace ui {
 namespace {
@@ -44,6 +45,24 @@ TEST(Control, HiddenUnpaintedItLeavesWhatLiesBelowAsItIs) {
     };
     EXPECT_TRUE(unpainted(true));
     EXPECT_FALSE(unpainted(false));
+}
+
+TEST(WithoutRedraw, PaintsAtTheEndAndShowsNothingThatWasHidden) {
+    TestForm test;
+    PictureBox box(test.args(1));
+    test.form.show();
+    test.loop.settle();
+    const auto waits = [&] { return GetUpdateRect(box.hwnd(), nullptr, FALSE) != FALSE; };
+    {
+        const WithoutRedraw still(box.hwnd());
+        box.repaint();
+        EXPECT_FALSE(waits());
+    }
+    EXPECT_TRUE(waits());
+    EXPECT_NE(IsWindowVisible(box.hwnd()), FALSE);
+    box.hide();
+    { const WithoutRedraw still(box.hwnd()); }
+    EXPECT_EQ(IsWindowVisible(box.hwnd()), FALSE);
 }
 
 TEST(Label, ShowsItsTextOnTheCardBehindAndLetsThePointerThrough) {

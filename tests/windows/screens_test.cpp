@@ -15,7 +15,20 @@ namespace {
 
 using support::windowOf;
 
-class ScreensTest : public support::ScreenTest {};
+class ScreensTest : public support::ScreenTest {
+  protected:
+    /// Loads the folder with a second monitor beside the first one, and chooses it for the show.
+    void chooseSecondScreenOfAnotherScaling() {
+        stage.application.reset();
+        stage.monitors.second = RECT{640, 0, 1440, 600};
+        stage.monitors.dpi = 144;
+        stage.monitors.secondDpi = 96;
+        stage.create();
+        stage.loadFolder();
+        SetWindowPos(form().hwnd(), nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        stage.click(form().Screen2);
+    }
+};
 
 /// Tells a form of a change of scaling when it comes to the second monitor, as the system does.
 class ScalingTeller {
@@ -54,14 +67,7 @@ class ScalingTeller {
 
 // The scaling that changes with the move asks for a new preview, which would shrink the surface to its place.
 TEST_F(ScreensTest, AShowOnASecondScreenOfAnotherScalingFillsIt) {
-    stage.application.reset();
-    stage.monitors.second = RECT{640, 0, 1440, 600};
-    stage.monitors.dpi = 144;
-    stage.monitors.secondDpi = 96;
-    stage.create();
-    stage.loadFolder();
-    SetWindowPos(form().hwnd(), nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    stage.click(form().Screen2);
+    chooseSecondScreenOfAnotherScaling();
     const ScalingTeller teller(form().hwnd(), stage.monitors);
     form().Run.click();
     EXPECT_EQ(teller.told(), 1);
@@ -77,16 +83,9 @@ TEST_F(ScreensTest, AShowOnASecondScreenOfAnotherScalingFillsIt) {
 
 // A film would be opened for it in the middle of the start.
 TEST_F(ScreensTest, TheMoveToASecondScreenBringsNoPreviewOfAFilm) {
-    stage.application.reset();
     stage.pictures.remove(L"a.jpg");
     stage.pictures.file(L"a.mpg", "no film");
-    stage.monitors.second = RECT{640, 0, 1440, 600};
-    stage.monitors.dpi = 144;
-    stage.monitors.secondDpi = 96;
-    stage.create();
-    stage.loadFolder();
-    SetWindowPos(form().hwnd(), nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    stage.click(form().Screen2);
+    chooseSecondScreenOfAnotherScaling();
     const ScalingTeller teller(form().hwnd(), stage.monitors);
     stage.control.clear();
     form().Start.click();

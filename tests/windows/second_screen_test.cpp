@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "support/app_stage.h"
+#include "support/screen_test.h"
 
 namespace app {
 namespace {
@@ -21,9 +21,7 @@ class SurfaceTest : public testing::Test {
         return place;
     }
     void expectSurface(const RECT& monitor) {
-        const RECT window = windowOf(form().hwnd());
-        EXPECT_TRUE(EqualRect(&window, &monitor))
-            << window.left << ' ' << window.top << ' ' << window.right << ' ' << window.bottom;
+        support::expectPlace(form(), monitor);
         const int width = monitor.right - monitor.left;
         const int height = monitor.bottom - monitor.top;
         EXPECT_EQ(form().clientSize().cx, width);

@@ -31,14 +31,13 @@ class NotedPictures : public show::PictureSource {
         return show::ShowPicture{400, 300, picture::Surface(surface.width, surface.height)};
     }
     void giveBack(picture::Surface) override {}
-    bool ready(const std::wstring&) override { return decoded; }
+    bool ready(const std::wstring&) override { return false; }
     void prepare(const std::vector<std::wstring>& paths) override { prepared = paths; }
 
     show::ShowSurface surface;
     std::vector<std::wstring> prepared;
     std::vector<std::wstring> taken;
     bool damaged = false;
-    bool decoded = false;
 };
 
 class StartAtOnce : public testing::Test {
