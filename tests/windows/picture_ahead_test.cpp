@@ -124,6 +124,7 @@ TEST_F(PictureAheadTest, WhatIsGivenBackIsUsedAgainAndBlackBeforeThat) {
     used.fill(RGB(255, 0, 0));
     const std::uint32_t* bits = used.bits();
     ahead.giveBack(std::move(used));
+    const picture::Surface other(kWidth, kHeight);  // would lie where one that has ended lay
     const auto taken = ahead.take(upright);
     ASSERT_TRUE(taken);
     EXPECT_EQ(taken->surface.bits(), bits);
@@ -138,6 +139,7 @@ TEST_F(PictureAheadTest, OfAPictureThatIsNotWantedAnyMoreTheSurfaceIsUsedAgain) 
     ahead.prepare({picture(L"1.jpg", kBlue)});
     waitUntilIdle();
     ahead.prepare({});
+    const picture::Surface other(kWidth, kHeight);  // would lie where one that has ended lay
     const auto taken = ahead.take(picture(L"2.jpg", kGreen));
     ASSERT_TRUE(taken);
     EXPECT_EQ(taken->surface.bits(), bits);
