@@ -33,14 +33,22 @@ germanLocale() {
     echo "LC_ALL=de_DE.UTF-8"
 }
 
+# Debian's loader lies just below the page at 0x7FFE0000 that every program shares with the system, and the kernel
+# puts its heap at random within the gigabyte above it: one start in some 7,000 finds that page taken and dies without
+# a word. Without randomness the heap lies right behind the loader. Prints nothing where that is not permitted.
+fixedAddresses() {
+    ! setarch -R true 2>/dev/null || printf '%s\n' setarch -R
+}
+
 # useWine NAME: makes build/wine/NAME the prefix of all later calls and wineCommand what runs a Windows program
 # in it, in German. Nothing is started yet.
 useWine() {
-    local program settings
+    local program settings fixed
     program=$(wine64Program) || return
     settings=$(germanLocale) || return
     mapfile -t wineCommand <<<"$settings"
-    wineCommand=(env "${wineCommand[@]}" "$program")
+    mapfile -t fixed < <(fixedAddresses)
+    wineCommand=(env "${wineCommand[@]}" "${fixed[@]}" "$program")
     export WINEPREFIX=$PWD/build/wine/$1
     mkdir -p "$WINEPREFIX"
 }

@@ -7,6 +7,7 @@
 #include "program/support/files.h"
 #include "program/support/processes.h"
 #include "program/support/program.h"
+#include "support/import_hook.h"
 
 namespace program {
 namespace {
@@ -41,6 +42,60 @@ TEST(HarnessProcess, NoticesAFileThatIsNoProgram) {
     EXPECT_THROW(sample.start(), platform::Error);
     EXPECT_FALSE(sample.running());
     EXPECT_FALSE(sample.exitCode().has_value());
+}
+
+// Starts go wrong by chance with this error under Wine; any other stands, and so does one that stays.
+class LostStarts : public testing::Test {
+  protected:
+    LostStarts() { current = this; }
+    ~LostStarts() override { current = nullptr; }
+
+    void lose(int count, DWORD error) {
+        lost_ = count;
+        error_ = error;
+    }
+
+    int starts_ = 0;
+
+  private:
+    static BOOL WINAPI start(LPCWSTR exe, LPWSTR arguments, LPSECURITY_ATTRIBUTES process,
+                             LPSECURITY_ATTRIBUTES thread, BOOL inherit, DWORD flags, LPVOID environment,
+                             LPCWSTR folder, LPSTARTUPINFOW startup, LPPROCESS_INFORMATION started) {
+        if (++current->starts_ <= current->lost_) {
+            SetLastError(current->error_);
+            return FALSE;
+        }
+        return current->hook_.original<decltype(CreateProcessW)>()(
+            exe, arguments, process, thread, inherit, flags, environment, folder, startup, started);
+    }
+
+    static inline LostStarts* current = nullptr;
+    int lost_ = 0;
+    DWORD error_ = 0;
+    support::ImportHook hook_{"CreateProcessW", &start};
+};
+
+TEST_F(LostStarts, AreRepeated) {
+    Program sample(sampleExe());
+    lose(2, ERROR_INTERNAL_ERROR);
+    sample.start(L"exit=7");
+    ASSERT_TRUE(sample.ends());
+    EXPECT_EQ(sample.exitCode(), 7U);
+    EXPECT_EQ(starts_, 3);
+}
+
+TEST_F(LostStarts, AreNotRepeatedForEver) {
+    Program sample(sampleExe());
+    lose(1000, ERROR_INTERNAL_ERROR);
+    EXPECT_THROW(sample.start(), platform::Error);
+    EXPECT_EQ(starts_, 3);
+}
+
+TEST_F(LostStarts, AreNotRepeatedForAnyOtherReason) {
+    Program sample(sampleExe());
+    lose(1, ERROR_ACCESS_DENIED);
+    EXPECT_THROW(sample.start(), platform::Error);
+    EXPECT_EQ(starts_, 1);
 }
 
 TEST(HarnessProcess, NoticesAProgramThatMissesALibrary) {

@@ -24,6 +24,27 @@ HANDLE familyJob() {
     return job.get();
 }
 
+/// A start that goes wrong inside the system says ERROR_INTERNAL_ERROR. Under Wine that is chance (its loader
+/// found an address taken that it needs), and the next start finds other addresses: it is worth another try.
+constexpr int kStarts = 3;
+
+PROCESS_INFORMATION startSuspended(const std::wstring& exe, std::wstring commandLine,
+                                   const std::wstring& folder) {
+    STARTUPINFOW startup{};
+    startup.cb = sizeof(startup);
+    PROCESS_INFORMATION started{};
+    for (int start = 1;
+         CreateProcessW(exe.c_str(), commandLine.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
+                        folder.empty() ? nullptr : folder.c_str(), &startup, &started) == FALSE;
+         ++start) {
+        const DWORD error = GetLastError();
+        if (error != ERROR_INTERNAL_ERROR || start == kStarts) {
+            throw platform::Error("CreateProcessW", error);
+        }
+    }
+    return started;
+}
+
 struct WindowSearch {
     DWORD process;
     const wchar_t* className;
@@ -52,13 +73,7 @@ ChildProcess::ChildProcess(const std::wstring& exe, const std::wstring& argument
     if (!arguments.empty()) {
         commandLine += L" " + arguments;
     }
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION started{};
-    if (CreateProcessW(exe.c_str(), commandLine.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
-                       folder.empty() ? nullptr : folder.c_str(), &startup, &started) == FALSE) {
-        throw platform::Error("CreateProcessW", GetLastError());
-    }
+    const PROCESS_INFORMATION started = startSuspended(exe, commandLine, folder);
     process_ = platform::Object(started.hProcess);
     id_ = started.dwProcessId;
     const platform::Object thread(started.hThread);
