@@ -56,6 +56,12 @@ CreateArgs withFont(CreateArgs args, const ui::FontSpec& font) {
     return args;
 }
 
+ui::OptionButton option(ui::Frame& frame, int index, ui::OptionGroup& group) {
+    CreateArgs args = tab(frame, ui::id::kOption1 + index, layout::option(index));
+    args.startsGroup = index == 0;
+    return {args, group, ui::MarkPlace::Top};
+}
+
 }  // namespace
 
 Form1::Form1(ui::EventLoop& loop, bool concealed, const ui::Curtain* curtain)
@@ -66,6 +72,9 @@ Form1::Form1(ui::EventLoop& loop, bool concealed, const ui::Curtain* curtain)
             .borderless = true,
             .concealed = concealed,
             .curtain = curtain}),
+      screenGlyph_(plain(*this, 0, layout::kScreenGlyph), layout::screensGlyph(), kScreensSide,
+                   ui::theme::kMutedText),
+      screenWord_(plain(*this, 0, layout::kScreenWord, L"2. Schirm"), ui::Alignment::Left, true),
       Drive1(tab(*this, ui::id::kDrive1, layout::kDrive1)),
       Dir1(tab(*this, ui::id::kDir1, layout::kDir1)),
       Typ{ui::OptionButton(first(*this, ui::id::kTyp, layout::typ(0), L"alle"), typGroup_),
@@ -90,10 +99,12 @@ Form1::Form1(ui::EventLoop& loop, bool concealed, const ui::Curtain* curtain)
       MUTE(tab(*this, ui::id::kMUTE, layout::check(4), L"Video-Ton")),
       Screen2(tab(*this, ui::id::kScreen2, layout::kScreen2)),
       Frame1(plain(*this, ui::id::kFrame1, layout::kFrame1, L"Set")),
-      Option1{ui::OptionButton(first(Frame1, ui::id::kOption1, layout::option(0)), setGroup_),
-              ui::OptionButton(tab(Frame1, ui::id::kOption1 + 1, layout::option(1)), setGroup_),
-              ui::OptionButton(tab(Frame1, ui::id::kOption1 + 2, layout::option(2)), setGroup_),
-              ui::OptionButton(tab(Frame1, ui::id::kOption1 + 3, layout::option(3)), setGroup_)},
+      setDigits_{ui::Label(plain(Frame1, 0, layout::digit(0), L"1"), ui::Alignment::Centre, true),
+                 ui::Label(plain(Frame1, 0, layout::digit(1), L"2"), ui::Alignment::Centre, true),
+                 ui::Label(plain(Frame1, 0, layout::digit(2), L"3"), ui::Alignment::Centre, true),
+                 ui::Label(plain(Frame1, 0, layout::digit(3), L"4"), ui::Alignment::Centre, true)},
+      Option1{option(Frame1, 0, setGroup_), option(Frame1, 1, setGroup_), option(Frame1, 2, setGroup_),
+              option(Frame1, 3, setGroup_)},
       SAVE(first(*this, ui::id::kSAVE, layout::kSAVE, L"Einstellungen speichern"), layout::saveGlyph(),
            layout::kGlyphSide, kSaveShare),
       Help(tab(*this, ui::id::kHelp, layout::kHelp, L"Info")),
@@ -115,14 +126,7 @@ Form1::Form1(ui::EventLoop& loop, bool concealed, const ui::Curtain* curtain)
       Timer3(loop, 4000),
       Timer4(loop, 0),
       Timer5(loop, 2000),
-      pauseWord_(plain(*this, 0, layout::kPauseWord, L"Pause"), ui::Alignment::Left, true),
-      screenGlyph_(plain(*this, 0, layout::kScreenGlyph), layout::screensGlyph(), kScreensSide,
-                   ui::theme::kMutedText),
-      screenWord_(plain(*this, 0, layout::kScreenWord, L"2. Schirm"), ui::Alignment::Left, true),
-      setDigits_{ui::Label(plain(Frame1, 0, layout::digit(0), L"1"), ui::Alignment::Centre, true),
-                 ui::Label(plain(Frame1, 0, layout::digit(1), L"2"), ui::Alignment::Centre, true),
-                 ui::Label(plain(Frame1, 0, layout::digit(2), L"3"), ui::Alignment::Centre, true),
-                 ui::Label(plain(Frame1, 0, layout::digit(3), L"4"), ui::Alignment::Centre, true)} {
+      pauseWord_(plain(*this, 0, layout::kPauseWord, L"Pause"), ui::Alignment::Left, true) {
     setCards({layout::kCardWhere, layout::kCardHow});
     setMovable(true);
     wirePause();

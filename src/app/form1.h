@@ -74,6 +74,9 @@ class Form1 : public ui::Form {
     // Groups outlive their buttons, so they come first.
     ui::OptionGroup typGroup_;
     ui::OptionGroup setGroup_;
+    // What was made first lies in front: the words of controls that have no caption of their own.
+    ui::Glyph screenGlyph_;
+    ui::Label screenWord_;
 
   public:
     // where
@@ -97,6 +100,11 @@ class Form1 : public ui::Form {
     ui::CheckBox MUTE;
     ui::CheckBox Screen2;
     ui::Frame Frame1;
+
+  private:
+    std::array<ui::Label, 4> setDigits_;
+
+  public:
     std::array<ui::OptionButton, 4> Option1;
     ui::PictureButton SAVE;
     // program
@@ -130,11 +138,7 @@ class Form1 : public ui::Form {
     void setToolTips();
     void setAccessKeys();
 
-    /// Words beside controls that have no caption of their own.
     ui::Label pauseWord_;
-    ui::Glyph screenGlyph_;
-    ui::Label screenWord_;
-    std::array<ui::Label, 4> setDigits_;
     /// Whether the window shows its set-up, with its head and round corners.
     bool setup_ = true;
     bool rounded_ = false;

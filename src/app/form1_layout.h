@@ -48,16 +48,18 @@ inline constexpr ui::TwipsRect kLine1 = at(690, 190, 180, 1);
 constexpr ui::TwipsRect check(int row) {
     return at(690, 196.0F + 28.0F * static_cast<float>(row), 180, 28);
 }
-inline constexpr ui::TwipsRect kScreen2 = at(690, 336, 18, 28);
+// Its glyph and its word lie in front of it, as the digits of the sets lie in front of their options, and let
+// the pointer through: all of the row takes clicks.
+inline constexpr ui::TwipsRect kScreen2 = at(690, 336, 180, 28);
 inline constexpr ui::TwipsRect kScreenGlyph = at(710, 339, 22, 22);
-inline constexpr ui::TwipsRect kScreenWord = at(736, 336, 134, 28);
+inline constexpr ui::TwipsRect kScreenWord = at(736, 337, 133, 26);
 inline constexpr ui::TwipsRect kLine2 = at(690, 369, 180, 1);
 inline constexpr ui::TwipsRect kFrame1 = at(690, 380, 132, 96);
 constexpr ui::TwipsRect option(int index) {
-    return at(10.0F + 30.0F * static_cast<float>(index), 36, 20, 24);
+    return at(10.0F + 30.0F * static_cast<float>(index), 41, 20, 43);
 }
 constexpr ui::TwipsRect digit(int index) {
-    return at(8.0F + 30.0F * static_cast<float>(index), 60, 20, 24);
+    return at(11.0F + 30.0F * static_cast<float>(index), 61, 14, 22);
 }
 inline constexpr ui::TwipsRect kSAVE = at(830, 380, 40, 96);
 

@@ -7,10 +7,11 @@
 
 namespace ui {
 
-OptionButton::OptionButton(const CreateArgs& args, OptionGroup& group) : Control(args), group_(group) {
+OptionButton::OptionButton(const CreateArgs& args, OptionGroup& group, MarkPlace mark)
+    : Control(args), group_(group) {
     CreateArgs own = args;
     own.startsGroup = group.buttons_.empty();
-    createSystem(styleFor(own, L"Button", BS_RADIOBUTTON));
+    createSystem(styleFor(own, L"Button", BS_RADIOBUTTON | (mark == MarkPlace::Top ? BS_TOP : 0)));
     created();
     group_.buttons_.push_back(this);
     group_.updateTabStop();

@@ -10,10 +10,14 @@ namespace ui {
 
 class OptionGroup;
 
+/// Where in its place an option button draws its mark: halfway down, or at the top with room below for a word
+/// that lies in front and lets the pointer through.
+enum class MarkPlace { Centre, Top };
+
 /// One of several buttons of which at most one is selected. The focus alone never selects one.
 class OptionButton : public Control {
   public:
-    OptionButton(const CreateArgs& args, OptionGroup& group);
+    OptionButton(const CreateArgs& args, OptionGroup& group, MarkPlace mark = MarkPlace::Centre);
     ~OptionButton() override;
 
     bool selected() const;

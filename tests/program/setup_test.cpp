@@ -153,6 +153,7 @@ TEST(SetUp, KeepsTheSettingsOfEverySet) {
     EXPECT_EQ(kept(L"Set1", L"Music"), L"1");
     EXPECT_EQ(drive(kept(L"Set1", L"Drive")), L"C:");
 
+    // The middle of the option is already its digit.
     ASSERT_TRUE(panorell.clickOn(id::kOption1 + 2));
     EXPECT_TRUE(
         waitFor([&] { return panorell.at(id::kIntT).text() == L"5"; }, kPatience, "set 3 has the defaults"));
@@ -168,6 +169,22 @@ TEST(SetUp, KeepsTheSettingsOfEverySet) {
     EXPECT_EQ(panorell.at(id::kLoopC).checkState(), 1);
     EXPECT_EQ(panorell.at(id::kMUTE).checkState(), 0);
     EXPECT_TRUE(lists(panorell, {L"bild01.jpg", L"bild02.jpg", L"bild03.jpg"}));
+}
+
+// Both its glyph and its word belong to the check box.
+TEST(SetUp, ClicksBesideTheBoxOfTheSecondScreenCount) {
+    Panorell panorell;
+    ASSERT_TRUE(panorell.openSetUp());
+    ASSERT_TRUE(bringToFront(panorell.form()));
+    const Control screen2 = panorell.at(id::kScreen2);
+    const RECT row = screen2.rectangle();
+    const LONG height = row.bottom - row.top;
+    int expected = 1;
+    for (const LONG right : {height * 5 / 4, height * 2}) {
+        ASSERT_TRUE(clickAt({row.left + right, (row.top + row.bottom) / 2}));
+        EXPECT_TRUE(waitFor([&] { return screen2.checkState() == expected; }, kPatience, "the click counts"));
+        expected = 0;
+    }
 }
 
 TEST(SetUp, StartsWithTheSettingsOfTheFirstSet) {

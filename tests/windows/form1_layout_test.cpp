@@ -65,9 +65,26 @@ TEST_P(Form1Layout, TheWindowHasItsSizeAndFitsTheScreen) {
     EXPECT_LE(size.cy, 1040) << "beside a task bar";
 }
 
+/// Whether the word or glyph belongs to the control: it lies inside, in front, and clicks go through it.
+bool liesOn(const ui::Control& word, const ui::Control& control) {
+    const RECT inner = placeOf(word, GetParent(word.hwnd()));
+    const RECT outer = placeOf(control, GetParent(control.hwnd()));
+    RECT common{};
+    IntersectRect(&common, &inner, &outer);
+    HWND behind = word.hwnd();
+    while (behind != nullptr && behind != control.hwnd()) {
+        behind = GetWindow(behind, GW_HWNDNEXT);
+    }
+    POINT middle{(inner.left + inner.right) / 2, (inner.top + inner.bottom) / 2};
+    ClientToScreen(GetParent(word.hwnd()), &middle);
+    return idOf(word) == 0 && EqualRect(&common, &inner) != FALSE && behind == control.hwnd() &&
+           SendMessageW(word.hwnd(), WM_NCHITTEST, 0, MAKELPARAM(middle.x, middle.y)) == HTTRANSPARENT;
+}
+
 TEST_P(Form1Layout, NoControlOverlapsAnother) {
     const auto all = shown();
     ASSERT_GE(all.size(), 35U);
+    int words = 0;
     for (const ui::Control* one : all) {
         for (const ui::Control* other : all) {
             if (one == other || GetParent(one->hwnd()) != GetParent(other->hwnd())) {
@@ -76,9 +93,14 @@ TEST_P(Form1Layout, NoControlOverlapsAnother) {
             RECT common{};
             const RECT a = placeOf(*one, form.hwnd());
             const RECT b = placeOf(*other, form.hwnd());
-            EXPECT_FALSE(IntersectRect(&common, &a, &b)) << idOf(*one) << " and " << idOf(*other);
+            if (liesOn(*one, *other)) {
+                ++words;
+            } else if (!liesOn(*other, *one)) {
+                EXPECT_FALSE(IntersectRect(&common, &a, &b)) << idOf(*one) << " and " << idOf(*other);
+            }
         }
     }
+    EXPECT_EQ(words, 6) << "the second screen's two and the sets' four";
 }
 
 TEST_P(Form1Layout, EveryControlLiesInsideItsParent) {

@@ -8,6 +8,7 @@ namespace program {
 namespace {
 
 constexpr ULONGLONG kMoveAgain = 200;
+constexpr UINT kAnswerMs = 1000;
 
 INPUT keyEvent(WORD key, DWORD flags) {
     INPUT event = {};
@@ -58,6 +59,26 @@ testing::AssertionResult ownsKeyboard(HWND form) {
     GetClassNameW(foreground, name, 64);
     return testing::AssertionFailure()
            << "the keyboard belongs to another window, class " << testing::PrintToString(std::wstring(name));
+}
+
+// As the system finds it: from one that lets the pointer through to the next sibling that lies there too.
+HWND clickedAt(POINT place) {
+    HWND window = WindowFromPoint(place);
+    for (HWND next = window; next != nullptr; next = GetWindow(next, GW_HWNDNEXT)) {
+        RECT area{};
+        GetWindowRect(next, &area);
+        if (IsWindowVisible(next) == FALSE || PtInRect(&area, place) == FALSE) {
+            continue;
+        }
+        window = next;
+        DWORD_PTR hit = HTNOWHERE;
+        SendMessageTimeoutW(next, WM_NCHITTEST, 0, MAKELPARAM(place.x, place.y), SMTO_ABORTIFHUNG, kAnswerMs,
+                            &hit);
+        if (static_cast<LRESULT>(static_cast<LONG>(hit)) != HTTRANSPARENT) {
+            break;
+        }
+    }
+    return window;
 }
 
 }  // namespace
@@ -129,7 +150,7 @@ testing::AssertionResult click(const Control& target, MouseButton button) {
         return testing::AssertionFailure() << "the control to click is not visible";
     }
     const POINT place = target.centre();
-    const HWND there = WindowFromPoint(place);
+    const HWND there = clickedAt(place);
     if (there != target.handle() && !IsChild(target.handle(), there)) {
         wchar_t name[64] = {};
         GetClassNameW(there, name, 64);
