@@ -9,4 +9,10 @@ bool runsUnderWine() {
     return system != nullptr && GetProcAddress(system, "wine_get_version") != nullptr;
 }
 
+void showPainted() {
+    if (runsUnderWine()) {
+        MsgWaitForMultipleObjectsEx(0, nullptr, 0, 0, 0);
+    }
+}
+
 }  // namespace platform

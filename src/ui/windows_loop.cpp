@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/error.h"
+#include "platform/wine.h"
 
 #ifndef CREATE_WAITABLE_TIMER_HIGH_RESOLUTION
 #define CREATE_WAITABLE_TIMER_HIGH_RESOLUTION 0x00000002
@@ -86,6 +87,7 @@ void WindowsLoop::block(double due) {
 }
 
 void WindowsLoop::blockFor(double ms) {
+    platform::showPainted();
     const HANDLE waitable = waitable_.get();
     LARGE_INTEGER relative{};
     relative.QuadPart = -static_cast<LONGLONG>(ms * kHundredNanosecondsPerMs);
