@@ -18,6 +18,18 @@ check() {
     fi
 }
 
+# comes NAME SECONDS CONDITION...: one test; passes as soon as the condition holds.
+comes() {
+    local name=$1 seconds=$2
+    shift 2
+    if testbedWait "$seconds" "$@" 2>/dev/null; then
+        passed=$((passed + 1))
+    else
+        echo "$name: failed"
+        failed=$((failed + 1))
+    fi
+}
+
 # runTests NAME SECONDS native|windows EXE [ARGUMENT...]: runs a GoogleTest program. What counts is its report: a program that
 # did not start, crashed, hung or held no test has failed, whatever its exit code.
 runTests() {

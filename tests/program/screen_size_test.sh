@@ -26,18 +26,6 @@ fillsScreen() {
         pixelIs "$right" "$bottom" yellow
 }
 
-# seen NAME SECONDS CONDITION...: one test; passes as soon as the condition holds.
-seen() {
-    local name=$1 seconds=$2
-    shift 2
-    if testbedWait "$seconds" "$@" 2>/dev/null; then
-        passed=$((passed + 1))
-    else
-        echo "screen size: $name: failed"
-        failed=$((failed + 1))
-    fi
-}
-
 screenProgramIsGone() { ! kill -0 "$screenProcess" 2>/dev/null; }
 
 runScreenSizeTests() {
@@ -54,13 +42,13 @@ runScreenSizeTests() {
     wineserver -p 9>&- >/dev/null 2>&1 || true
     testbedSpawn "${wineCommand[@]}" build/windows/src/app/Panorell.exe "$(windowsPath "$folder")" P=60 R=1
     screenProcess=${testbedPids[-1]}
-    seen "the show fills the screen" 60 fillsScreen "${first%x*}" "${first#*x}"
+    comes "screen size: the show fills the screen" 60 fillsScreen "${first%x*}" "${first#*x}"
     xrandr --output "$output" --mode small
-    seen "and a smaller one" 30 fillsScreen 800 600
+    comes "screen size: and a smaller one" 30 fillsScreen 800 600
     xrandr --output "$output" --mode "$first"
-    seen "and the former one" 30 fillsScreen "${first%x*}" "${first#*x}"
+    comes "screen size: and the former one" 30 fillsScreen "${first%x*}" "${first#*x}"
     xdotool key Escape
-    seen "the program ends" 30 screenProgramIsGone
+    comes "screen size: the program ends" 30 screenProgramIsGone
     kill "$screenProcess" 2>/dev/null || true
     rm -rf "$folder"
     echo "screen size: $((failed - before)) failed"

@@ -20,16 +20,11 @@ above() { awk -v a="$(loudness "$1")" -v b="$2" 'BEGIN {exit !(a > b)}'; }
 below() { awk -v a="$(loudness "$1")" -v b="$2" 'BEGIN {exit !(a < b)}'; }
 soundGoesFrom() { above "$1" 0.01 && below "$2" "$soundQuiet"; }
 
-# heard NAME SECONDS CONDITION...: one test; passes as soon as the condition holds.
+# heard NAME SECONDS CONDITION...: one test of what the recorder writes; tells the loudness when it fails.
 heard() {
-    local name=$1 seconds=$2
-    shift 2
-    if testbedWait "$seconds" "$@" 2>/dev/null; then
-        passed=$((passed + 1))
-    else
-        echo "sound: $name: failed (440 Hz $(loudness 440), 660 Hz $(loudness 660), 880 Hz $(loudness 880))"
-        failed=$((failed + 1))
-    fi
+    local before=$failed
+    comes "sound: $1" "${@:2}"
+    [ "$failed" -eq "$before" ] || echo "440 Hz $(loudness 440), 660 Hz $(loudness 660), 880 Hz $(loudness 880)"
 }
 
 # Silence that lasts: loud at no look for some seconds.
