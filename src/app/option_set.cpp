@@ -72,11 +72,6 @@ std::wstring folderDisplayName(std::wstring_view path) {
     return dot < begin ? std::wstring() : std::wstring(path.substr(begin, dot - begin));
 }
 
-std::wstring editorCaption(std::wstring_view editorPath) {
-    const std::wstring_view file = editorPath.substr(lastComponent(editorPath));
-    return L"\u00AB" + std::wstring(file.substr(0, file.find(L'.'))) + L"\u00BB starten";
-}
-
 std::wstring withBackslash(std::wstring_view programDir) {
     std::wstring result(programDir);
     if (result.empty() || result.back() != L'\\') {

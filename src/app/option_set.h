@@ -75,9 +75,6 @@ std::optional<int> optionSetIndex(std::wstring_view name);
 /// path. Empty where that "." lies before the last "\".
 std::wstring folderDisplayName(std::wstring_view path);
 
-/// The caption of the menu entry that starts the picture editor: «file name up to its first "."» starten.
-std::wstring editorCaption(std::wstring_view editorPath);
-
 /// `programDir` with a "\" at its end.
 std::wstring withBackslash(std::wstring_view programDir);
 

@@ -23,10 +23,6 @@ std::wstring programName(std::wstring_view path) {
     return std::wstring(path.substr(0, path.find(L'.')));
 }
 
-std::wstring editorCaption(std::wstring_view path) {
-    return L"«" + programName(path) + L"» starten";
-}
-
 std::wstring chosenProgram(std::wstring_view answer) {
     std::wstring_view path = text::trimmed(answer);
     if (path.starts_with(L'"')) {

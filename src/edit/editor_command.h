@@ -8,9 +8,6 @@ namespace edit {
 /// The name of a program for its user: what stands behind the last "\" of its path, up to the next ".".
 std::wstring programName(std::wstring_view path);
 
-/// The caption of the menu item that starts the editor: "«paint» starten".
-std::wstring editorCaption(std::wstring_view path);
-
 /// What an answer of the user's means as the path of a program: without blanks at its ends, and without its
 /// first and last character where it begins with a double quote, as a path does that was copied from the
 /// properties of a shortcut.

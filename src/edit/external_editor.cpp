@@ -71,10 +71,6 @@ class KeptTimes {
 
 }  // namespace
 
-std::wstring ExternalEditor::caption() const {
-    return editorCaption(parts_.EditorPath);
-}
-
 void ExternalEditor::choose(int index) {
     Question question{kTitle, kPrompt, parts_.EditorPath};
     std::wstring path;

@@ -39,8 +39,6 @@ class ExternalEditor {
 
     /// Whether a program is known that could be started.
     bool known() const { return !parts_.EditorPath.empty(); }
-    /// The caption of the menu item that starts it.
-    std::wstring caption() const;
 
     /// Asks for the program, again and again while there is no such file, starts it on an item and keeps its
     /// path. An empty answer, or none, leaves everything as it was. Throws Leaving.

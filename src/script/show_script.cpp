@@ -75,14 +75,6 @@ Entry readEntry(std::wstring_view text, std::wstring_view key) {
     return reader.entry();
 }
 
-Entry readEntry(const std::vector<std::wstring>& lines, std::wstring_view key) {
-    EntryReader reader(key);
-    for (const std::wstring& line : lines) {
-        reader.line(line);
-    }
-    return reader.entry();
-}
-
 bool showsTitle(std::wstring_view title) {
     return !title.empty() && title != L" ";
 }

@@ -57,9 +57,6 @@ std::vector<std::wstring_view> splitLines(std::wstring_view text);
 /// The entry of a key in the whole text of a script.
 Entry readEntry(std::wstring_view text, std::wstring_view key);
 
-/// The same for lines already split.
-Entry readEntry(const std::vector<std::wstring>& lines, std::wstring_view key);
-
 /// Whether a title is shown: it is neither empty nor a single blank.
 bool showsTitle(std::wstring_view title);
 

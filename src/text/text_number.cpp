@@ -153,10 +153,6 @@ int wholeNumber16(std::wstring_view text) {
     return wholeNumber16(numericValue(text));
 }
 
-std::wstring decimalText(float value) {
-    return shortestText<std::wstring>(value);
-}
-
 std::wstring decimalText(double value) {
     return shortestText<std::wstring>(value);
 }

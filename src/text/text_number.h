@@ -29,10 +29,9 @@ int wholeNumber(double value);
 
 /// The shortest decimal text that reads back as the same number: no blanks, no exponent, '.' as point,
 /// "0" for either zero and for anything that is not finite.
-std::wstring decimalText(float value);
 std::wstring decimalText(double value);
 
-/// The same for a command to a device.
+/// The same for a number of a command to a device.
 std::string decimalBytes(float value);
 
 }  // namespace text

@@ -73,20 +73,6 @@ void FolderList::setPath(const std::wstring& path) {
     show(full, subFoldersOf(full));
 }
 
-void FolderList::refresh() {
-    const std::wstring selected = selectedPath();
-    try {
-        show(path_, subFoldersOf(path_));
-    } catch (const platform::Error&) {
-        show(path_, {});
-    }
-    for (std::size_t i = 0; i < rows_.size(); ++i) {
-        if (rows_[i].path == selected) {
-            select(static_cast<int>(i));
-        }
-    }
-}
-
 void FolderList::show(const std::wstring& path, const std::vector<std::wstring>& subFolders) {
     std::vector<Row> rows;
     std::vector<std::wstring> names;

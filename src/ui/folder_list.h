@@ -27,8 +27,6 @@ class FolderList : public ListBox {
     /// The place of the first sub-folder, behind the ancestors and the open folder; count() when there is
     /// none.
     int firstSubFolder() const { return static_cast<int>(openRow_) + 1; }
-    /// Reads the sub-folders anew, keeping the selection. Sub-folders that cannot be read any more vanish.
-    void refresh();
 
     std::function<void()> onChange;
 

@@ -409,13 +409,6 @@ bool Form::takeAccessKey(wchar_t letter) {
     return false;
 }
 
-void Form::focusFirst() {
-    const HWND first = GetNextDlgTabItem(hwnd(), nullptr, FALSE);
-    if (first != nullptr) {
-        SetFocus(first);
-    }
-}
-
 // From the first use of the keyboard on the focus and the underlined letters are shown.
 void Form::showFocus() {
     SendMessageW(hwnd(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);

@@ -58,8 +58,6 @@ class Form : public Window {
     void setMovable(bool movable) { movable_ = movable; }
     /// Whether Tab, arrow keys and Alt letters walk through the controls; else they are keys as all others.
     void setNavigation(bool on) { navigation_ = on; }
-    /// Gives the focus to the first control of the tab order.
-    void focusFirst();
     /// All controls of the form, also those within frames, in the order of their creation.
     std::vector<Control*> controls() const;
 

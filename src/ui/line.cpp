@@ -9,11 +9,6 @@ Line::Line(const CreateArgs& args, Rgb colour) : Control(args), colour_(colour) 
     created();
 }
 
-void Line::setColour(Rgb colour) {
-    colour_ = colour;
-    repaint();
-}
-
 void Line::onPaint(HDC dc, const RECT& area) {
     SetDCBrushColor(dc, colorref(colour_));
     FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));

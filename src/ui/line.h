@@ -8,7 +8,6 @@ namespace ui {
 class Line : public Control {
   public:
     Line(const CreateArgs& args, Rgb colour);
-    void setColour(Rgb colour);
 
   protected:
     bool paints() const override { return true; }

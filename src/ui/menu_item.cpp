@@ -10,19 +10,6 @@ MenuItem menuSeparator() {
     return line;
 }
 
-MenuItem* findMenuItem(std::vector<MenuItem>& items, int id) {
-    for (MenuItem& item : items) {
-        if (!item.submenu.empty()) {
-            if (MenuItem* inner = findMenuItem(item.submenu, id)) {
-                return inner;
-            }
-        } else if (!item.separator && item.id == id) {
-            return &item;
-        }
-    }
-    return nullptr;
-}
-
 std::vector<MenuItem> shownMenuItems(const std::vector<MenuItem>& items) {
     std::vector<MenuItem> shown;
     bool separated = false;

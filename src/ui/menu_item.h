@@ -20,9 +20,6 @@ struct MenuItem {
 /// A line between two groups of items.
 MenuItem menuSeparator();
 
-/// The item with a number, also within submenus; null where there is none.
-MenuItem* findMenuItem(std::vector<MenuItem>& items, int id);
-
 /// The lines that a menu shows: without invisible items, without submenus that show nothing, and with
 /// separators only between items, never two in a row.
 std::vector<MenuItem> shownMenuItems(const std::vector<MenuItem>& items);

@@ -2,9 +2,7 @@
 
 #include "platform/error.h"
 #include "platform/handles.h"
-#include "platform/monitors.h"
 #include "ui/event_loop.h"
-#include "ui/placement.h"
 
 namespace ui {
 
@@ -37,7 +35,9 @@ platform::Menu makeMenu(const std::vector<MenuItem>& shown) {
     return menu;
 }
 
-std::optional<int> track(const Window& owner, const std::vector<MenuItem>& items, POINT screen, UINT align) {
+}  // namespace
+
+std::optional<int> popupMenu(const Window& owner, const std::vector<MenuItem>& items, POINT screen) {
     const std::vector<MenuItem> shown = shownMenuItems(items);
     if (shown.empty()) {
         return std::nullopt;
@@ -46,28 +46,13 @@ std::optional<int> track(const Window& owner, const std::vector<MenuItem>& items
     const HWND form = GetAncestor(owner.hwnd(), GA_ROOT);
     // A menu of a window behind others would not end when its user clicks elsewhere.
     SetForegroundWindow(form);
-    const UINT flags = TPM_RETURNCMD | TPM_RIGHTBUTTON | TPM_LEFTALIGN | align;
+    const UINT flags = TPM_RETURNCMD | TPM_RIGHTBUTTON | TPM_LEFTALIGN | TPM_TOPALIGN;
     const int chosen = TrackPopupMenuEx(menu.get(), flags, screen.x, screen.y, form, nullptr);
     // Leaving ends each menu of the system, as it ends a window being moved.
     if (EventLoop::current().leaving()) {
         throw Leaving{};
     }
     return chosen > 0 ? std::optional<int>(chosen) : std::nullopt;
-}
-
-}  // namespace
-
-std::optional<int> popupMenu(const Window& owner, const std::vector<MenuItem>& items, POINT screen) {
-    return track(owner, items, screen, TPM_TOPALIGN);
-}
-
-std::optional<int> popupMenuAt(const Window& owner, const std::vector<MenuItem>& items) {
-    RECT place{};
-    GetWindowRect(owner.hwnd(), &place);
-    const RECT screen = platform::Monitors::current().areaOf(owner.hwnd());
-    const bool above = moreRoomBefore({place.top, place.bottom}, {screen.top, screen.bottom});
-    return track(owner, items, {place.left, above ? place.top : place.bottom},
-                 above ? TPM_BOTTOMALIGN : TPM_TOPALIGN);
 }
 
 }  // namespace ui

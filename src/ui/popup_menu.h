@@ -18,8 +18,4 @@ namespace ui {
 /// thrown.
 std::optional<int> popupMenu(const Window& owner, const std::vector<MenuItem>& items, POINT screen);
 
-/// The same below the window itself or above it, where there is more room, so that it stays in view: for the
-/// menu key.
-std::optional<int> popupMenuAt(const Window& owner, const std::vector<MenuItem>& items);
-
 }  // namespace ui

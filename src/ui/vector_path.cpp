@@ -142,13 +142,6 @@ Path& Path::roundRect(float left, float top, float width, float height, float ra
     return *this;
 }
 
-Path& Path::ellipse(float centreX, float centreY, float radiusX, float radiusY) {
-    Outline outline;
-    addArc(outline, {centreX, centreY}, {radiusX, radiusY}, 0, 2 * kPi);
-    outlines_.push_back(std::move(outline));
-    return *this;
-}
-
 Path& Path::roundRectOutline(float left, float top, float width, float height, float radius,
                              float lineWidth) {
     roundRect(left, top, width, height, radius);

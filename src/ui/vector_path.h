@@ -22,7 +22,6 @@ class Path {
     Path& polygon(std::initializer_list<PathPoint> points);
     Path& rect(float left, float top, float width, float height);
     Path& roundRect(float left, float top, float width, float height, float radius);
-    Path& ellipse(float centreX, float centreY, float radiusX, float radiusY);
     /// A rounded rectangle's outline, `width` wide, inside the given edges.
     Path& roundRectOutline(float left, float top, float width, float height, float radius, float lineWidth);
     /// A line with round ends.

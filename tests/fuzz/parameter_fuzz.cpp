@@ -1,5 +1,6 @@
 #include "app/option_set.h"
 #include "app/parameter_text.h"
+#include "edit/editor_command.h"
 #include "fuzz/check.h"
 #include "show/pause_time.h"
 #include "text/text_number.h"
@@ -51,10 +52,8 @@ void checkNumbers(const std::wstring& text) {
     const show::PauseTextChange change = show::pauseTextChanged(text);
     check(!change.scroll ||
           (*change.scroll >= show::kPauseScrollMin && *change.scroll <= show::kPauseScrollMax));
-    const auto value = static_cast<float>(text::numericValue(text));
-    if (std::isfinite(value)) {
-        check(static_cast<float>(text::numericValue(text::decimalText(value))) == value);
-    }
+    const double value = text::numericValue(text);
+    check(text::numericValue(text::decimalText(value)) == value);
 }
 
 }  // namespace
@@ -66,6 +65,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     checkRoundTrip(text, size == 0 ? std::uint8_t{0} : data[0]);
     checkNumbers(text);
     check(app::folderDisplayName(text).find_first_of(L".\\") == std::wstring::npos);
-    check(app::editorCaption(text).find(L'\\') == std::wstring::npos);
+    check(edit::programName(text).find_first_of(L".\\") == std::wstring::npos);
     return 0;
 }

@@ -21,7 +21,6 @@ TEST(EditorCommand, NamesTheProgram) {
     for (const auto& c : cases) {
         EXPECT_EQ(programName(c.path), c.expected) << c.path;
     }
-    EXPECT_EQ(editorCaption(L"C:\\a\\Pinsel.exe"), L"\u00ABPinsel\u00BB starten");
 }
 
 TEST(EditorCommand, TakesAnAnswerAsAPath) {

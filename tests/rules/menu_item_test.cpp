@@ -66,17 +66,5 @@ TEST(MenuItems, WhatIsShownKeepsItsState) {
     EXPECT_THAT(shownMenuItems({off}), ElementsAre(off));
 }
 
-TEST(MenuItems, AreFoundByNumber) {
-    std::vector<MenuItem> items{item(1), menuSeparator(), menu({item(2), menu({item(3)})}), item(4, false)};
-    for (const int id : {1, 2, 3, 4}) {
-        ASSERT_NE(findMenuItem(items, id), nullptr) << id;
-        EXPECT_EQ(findMenuItem(items, id)->id, id);
-    }
-    EXPECT_EQ(findMenuItem(items, 5), nullptr);
-    EXPECT_EQ(findMenuItem(items, 0), nullptr) << "separators and submenus have no number";
-    findMenuItem(items, 3)->enabled = false;
-    EXPECT_FALSE(items[2].submenu[1].submenu[0].enabled);
-}
-
 }  // namespace
 }  // namespace ui

@@ -44,9 +44,21 @@ std::vector<std::wstring> shown(const MenuState& state, const std::set<C>& avail
 /// Whether an item is shown, and then whether it can be chosen.
 enum class Offer { Absent, Off, On };
 
+const ui::MenuItem* find(const std::vector<ui::MenuItem>& items, C command) {
+    for (const ui::MenuItem& item : items) {
+        if (item.id == static_cast<int>(command) && !item.separator && item.submenu.empty()) {
+            return &item;
+        }
+        if (const ui::MenuItem* inner = find(item.submenu, command)) {
+            return inner;
+        }
+    }
+    return nullptr;
+}
+
 Offer offer(const MenuState& state, C command) {
-    std::vector<ui::MenuItem> items = ui::shownMenuItems(editMenu(state, kAll));
-    const ui::MenuItem* item = ui::findMenuItem(items, static_cast<int>(command));
+    const std::vector<ui::MenuItem> items = ui::shownMenuItems(editMenu(state, kAll));
+    const ui::MenuItem* item = find(items, command);
     return item == nullptr ? Offer::Absent : item->enabled ? Offer::On : Offer::Off;
 }
 

@@ -136,18 +136,6 @@ TEST(OptionSet, FolderDisplayName) {
     }
 }
 
-TEST(OptionSet, EditorCaption) {
-    const std::pair<const wchar_t*, const wchar_t*> cases[] = {
-        {L"C:\\WINDOWS\\SYSTEM32\\MSPAINT.EXE", L"\u00ABMSPAINT\u00BB starten"},
-        {L"C:\\Programme 2.0\\edit.v2.exe", L"\u00ABedit\u00BB starten"},
-        {L"C:\\Programme 2.0\\editor", L"\u00ABeditor\u00BB starten"},
-        {L"paint.exe", L"\u00ABpaint\u00BB starten"},
-    };
-    for (const auto& [path, expected] : cases) {
-        EXPECT_EQ(editorCaption(path), expected) << path;
-    }
-}
-
 TEST(OptionSet, ProgramDirectoryEndsInABackslash) {
     EXPECT_EQ(withBackslash(L"C:\\Programme"), L"C:\\Programme\\");
     EXPECT_EQ(withBackslash(L"C:\\"), L"C:\\");

@@ -38,11 +38,6 @@ TEST_P(ShowScript, GivesTheEntry) {
     EXPECT_EQ(entry.effect, c.expected.effect);
     EXPECT_EQ(entry.music, c.expected.music);
     EXPECT_EQ(entry.dateFlag, c.expected.dateFlag);
-    std::vector<std::wstring> lines;
-    for (const std::wstring_view line : splitLines(c.text)) {
-        lines.emplace_back(line);
-    }
-    EXPECT_EQ(readEntry(lines, c.key), entry);
     EXPECT_EQ(test::LiteralScriptReader::read(c.text, c.key), entry);
 }
 

@@ -155,19 +155,17 @@ TEST(WholeNumber, EndsAtTheBoundsOfInt) {
 }
 
 TEST(DecimalText, IsShortAndPlain) {
-    const std::pair<float, const wchar_t*> floats[] = {
-        {0.0F, L"0"},       {-0.0F, L"0"},        {1.0F, L"1"},       {640.0F, L"640"},
-        {853.5F, L"853.5"}, {0.1F, L"0.1"},       {-2.5F, L"-2.5"},   {1e7F, L"10000000"},
-        {1e-4F, L"0.0001"}, {100.25F, L"100.25"}, {1920.0F, L"1920"}, {1280.0F / 15.0F, L"85.333336"},
+    const std::pair<float, const char*> floats[] = {
+        {0.0F, "0"},       {-0.0F, "0"},        {1.0F, "1"},       {640.0F, "640"},
+        {853.5F, "853.5"}, {0.1F, "0.1"},       {-2.5F, "-2.5"},   {1e7F, "10000000"},
+        {1e-4F, "0.0001"}, {100.25F, "100.25"}, {1920.0F, "1920"}, {1280.0F / 15.0F, "85.333336"},
     };
     for (const auto& [value, expected] : floats) {
-        EXPECT_EQ(decimalText(value), expected) << value;
+        EXPECT_EQ(decimalBytes(value), expected) << value;
     }
-    EXPECT_EQ(decimalBytes(853.5F), "853.5");
-    EXPECT_EQ(decimalBytes(0.0F), "0");
     EXPECT_EQ(decimalText(12.5), L"12.5");
     EXPECT_EQ(decimalText(0.1), L"0.1");
-    EXPECT_EQ(decimalText(std::numeric_limits<float>::infinity()), L"0");
+    EXPECT_EQ(decimalBytes(std::numeric_limits<float>::infinity()), "0");
     EXPECT_EQ(decimalText(std::numeric_limits<double>::quiet_NaN()), L"0");
     EXPECT_EQ(decimalText(std::numeric_limits<double>::denorm_min()).substr(0, 4), L"0.00");
     EXPECT_EQ(decimalText(-kLargest).size(), 310U);

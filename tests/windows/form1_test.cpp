@@ -158,7 +158,7 @@ TEST_F(Form1Test, AccessLettersAreUnique) {
 TEST_F(Form1Test, TabReachesEverythingThatCanBeWorked) {
     form.Start.setEnabled(true);
     form.Run.setEnabled(true);
-    form.focusFirst();
+    form.Drive1.setFocus();
     std::set<int> reached;
     for (int i = 0; i < 40; ++i) {
         reached.insert(GetDlgCtrlID(GetFocus()));

@@ -32,7 +32,7 @@ TEST(Form, TabWalksThroughTheControlsInTheirOrder) {
     CheckBox hidden(test.args(3));
     hidden.hide();
     PushButton last(test.args(4));
-    test.form.focusFirst();
+    SetFocus(GetNextDlgTabItem(test.form.hwnd(), nullptr, FALSE));
     EXPECT_TRUE(first.hasFocus());
     test.key(VK_TAB);
     EXPECT_TRUE(last.hasFocus());
@@ -56,7 +56,7 @@ TEST(Form, AltAndALetterWorkAControl) {
     button.onClick = [&] { ++clicks; };
     EXPECT_EQ(button.accessKey(), L'E');
     EXPECT_EQ(label.accessKey(), 0);
-    test.form.focusFirst();
+    button.setFocus();
     test.altLetter(L'e');
     EXPECT_EQ(clicks, 1);
     test.altLetter(L'd');

@@ -209,31 +209,6 @@ TEST_F(PopupMenuTest, AMenuWithoutItemsIsNotOpened) {
     EXPECT_EQ(open(), std::nullopt);
 }
 
-TEST_F(PopupMenuTest, BesideAControlTheControlStaysInView) {
-    CreateArgs args = test.args(1);
-    for (const float top : {150.0F, 5000.0F}) {
-        args.place.top = top;
-        PushButton button(args);
-        if (top > 1000) {
-            SetWindowPos(test.form.hwnd(), nullptr, 200, GetSystemMetrics(SM_CYSCREEN) - 420, 0, 0,
-                         SWP_NOSIZE | SWP_NOZORDER);
-        }
-        test.loop.settle();
-        RECT menu{};
-        RECT control{};
-        user.then([&] {
-                GetWindowRect(menuWindows().at(0), &menu);
-                GetWindowRect(button.hwnd(), &control);
-            })
-            .key(VK_ESCAPE);
-        EXPECT_EQ(popupMenuAt(button, items), std::nullopt);
-        RECT both{};
-        EXPECT_FALSE(IntersectRect(&both, &menu, &control)) << top;
-        EXPECT_EQ(menu.left, control.left);
-        EXPECT_TRUE(menu.top == control.bottom || menu.bottom == control.top) << top;
-    }
-}
-
 TEST_F(PopupMenuTest, LeavingClosesItAndEndsTheHandler) {
     user.then([&] { test.loop.leave(); });
     std::string went;
