@@ -57,9 +57,7 @@ CreateArgs withFont(CreateArgs args, const ui::FontSpec& font) {
 }
 
 ui::OptionButton option(ui::Frame& frame, int index, ui::OptionGroup& group) {
-    CreateArgs args = tab(frame, ui::id::kOption1 + index, layout::option(index));
-    args.startsGroup = index == 0;
-    return {args, group, ui::MarkPlace::Top};
+    return {tab(frame, ui::id::kOption1 + index, layout::option(index)), group, ui::MarkPlace::Top};
 }
 
 }  // namespace
