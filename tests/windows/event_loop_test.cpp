@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <thread>
+
+#include "platform/handles.h"
 #include "support/virtual_loop.h"
 #include "ui/timer.h"
 #include "ui/window.h"
@@ -162,6 +165,30 @@ TEST(WindowsLoop, TimersFireInTheSystemsOwnModalLoops) {
         DispatchMessageW(&message);
     }
     EXPECT_EQ(fired, 3);
+}
+
+// As a film's frames are painted by a thread of their own while a fade of its sound lets nothing else run.
+TEST(WindowsLoop, WhatAnotherThreadPaintsIsSeenWhileItSleeps) {
+    WindowsLoop loop;
+    const Receiver window;
+    SetWindowPos(window.hwnd(), HWND_TOPMOST, 40, 40, 60, 60, SWP_SHOWWINDOW | SWP_NOACTIVATE);
+    loop.doEvents();
+    // Before the other one paints: to ask for a device context brings to the screen what was painted, too.
+    const platform::WindowDc screen(nullptr);
+    // For 50 ms after a wait nothing but another wait does.
+    MsgWaitForMultipleObjectsEx(0, nullptr, 0, 0, 0);
+    std::thread([&] {
+        const platform::WindowDc frame(window.hwnd());
+        const RECT all{0, 0, 60, 60};
+        SetDCBrushColor(frame.get(), RGB(255, 0, 0));
+        FillRect(frame.get(), &all, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    }).join();
+    bool seen = false;
+    for (const double end = loop.now() + 5000; !seen && loop.now() < end;) {
+        loop.sleepUntil(loop.now() + 4);
+        seen = GetPixel(screen.get(), 70, 70) == RGB(255, 0, 0);
+    }
+    EXPECT_TRUE(seen);
 }
 
 TEST(WindowsLoop, TimeOfDayIsTheLocalTime) {
